@@ -2,11 +2,20 @@
 
 #include "templatetree.h"
 
+#include <QVBoxLayout>
+
+#include <Qsci/qsciscintilla.h>
+
 namespace koru::sedgui {
 
 SedGUI::SedGUI(QWidget *parent)
     : HubGUITool(parent)
+    , m_editor(new QsciScintilla(this))
 {
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_editor);
+    applySettings();
     TemplateTree::Instance()->addDocument(this);
 }
 
@@ -22,7 +31,7 @@ bool SedGUI::handleExternalChange()
 
 QString SedGUI::selectedText() const
 {
-    return {};
+    return m_editor->selectedText();
 }
 
 } // namespace koru::sedgui

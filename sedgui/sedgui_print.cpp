@@ -1,0 +1,11 @@
+#include "sedgui.h"
+
+namespace koru::sedgui {
+
+void SedGUI::pageSetup() {}
+
+void SedGUI::printPreview() {}
+
+void SedGUI::print() {}
+
+} // namespace koru::sedgui

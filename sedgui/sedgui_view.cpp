@@ -1,0 +1,12 @@
+#include "sedgui.h"
+
+namespace koru::sedgui {
+
+QList<QAction *> *SedGUI::getMenuActions(int)
+{
+    return nullptr;
+}
+
+void SedGUI::applySettings() {}
+
+} // namespace koru::sedgui
