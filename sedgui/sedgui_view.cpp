@@ -9,4 +9,6 @@ QList<QAction *> *SedGUI::getMenuActions(int)
 
 void SedGUI::applySettings() {}
 
+void SedGUI::prepareForSave() {}
+
 } // namespace koru::sedgui

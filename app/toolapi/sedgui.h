@@ -37,6 +37,10 @@ public:
     // Applies the stored editor settings (font, tabs, margins, ...) to this tool.
     void applySettings();
 
+    // Called just before the buffer is encoded for saving (trims trailing
+    // whitespace when the user asked for it).
+    void prepareForSave();
+
 public Q_SLOTS:
     void find();
     void findNext();
