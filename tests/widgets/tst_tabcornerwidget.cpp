@@ -1,0 +1,202 @@
+#include "tabcornerwidget.h"
+
+#include <QHelpEvent>
+#include <QProxyStyle>
+#include <QSignalSpy>
+#include <QStyleOptionComplex>
+#include <QTest>
+#include <QToolTip>
+#include <QTranslator>
+
+namespace {
+
+// Records how the widget asks the style to draw it.
+class RecordingStyle : public QProxyStyle
+{
+public:
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,
+                            QPainter *painter, const QWidget *widget) const override
+    {
+        if (control == CC_MdiControls) {
+            lastState = option->state;
+            lastActive = option->activeSubControls;
+        }
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+    }
+    mutable QStyle::State lastState;
+    mutable QStyle::SubControls lastActive;
+};
+
+class GermanMdiTranslator : public QTranslator
+{
+public:
+    QString translate(const char *context, const char *source, const char *, int) const override
+    {
+        if (QByteArray(context) == "QMdiSubWindow" && QByteArray(source) == "Close")
+            return QStringLiteral("Schließen");
+        return QString();
+    }
+    bool isEmpty() const override { return false; }
+};
+
+} // namespace
+
+class TestTabCornerWidget : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void click_data();
+    void click();
+    void otherButtonsAreIgnored();
+    void paintFollowsHoverAndPress();
+    void toolTipOnlyOverTheButton();
+
+private:
+    QPoint onButton() const;
+    QPoint offButton() const;
+
+    TabCornerWidget *m_widget = nullptr;
+    RecordingStyle *m_style = nullptr;
+};
+
+void TestTabCornerWidget::init()
+{
+    m_style = new RecordingStyle;
+    m_widget = new TabCornerWidget(nullptr);
+    m_widget->setStyle(m_style);
+    // Wider than the button, so there is room beside it to drag to.
+    m_widget->resize(m_widget->sizeHint() + QSize(60, 0));
+    m_widget->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_widget));
+    QStyleOptionComplex option(1, QStyleOption::SO_ComplexCustomBase);
+    option.initFrom(m_widget);
+    option.subControls = QStyle::SC_MdiCloseButton;
+    QCOMPARE(m_style->hitTestComplexControl(QStyle::CC_MdiControls, &option, offButton(), m_widget),
+             QStyle::SC_None);
+}
+
+void TestTabCornerWidget::cleanup()
+{
+    delete m_widget;
+    delete m_style;
+}
+
+QPoint TestTabCornerWidget::onButton() const
+{
+    QStyleOptionComplex option(1, QStyleOption::SO_ComplexCustomBase);
+    option.initFrom(m_widget);
+    option.subControls = QStyle::SC_MdiCloseButton;
+    return m_widget->style()
+        ->subControlRect(QStyle::CC_MdiControls, &option, QStyle::SC_MdiCloseButton, m_widget)
+        .center();
+}
+
+QPoint TestTabCornerWidget::offButton() const
+{
+    const QPoint center = onButton();
+    return QPoint(center.x() < m_widget->width() / 2 ? m_widget->width() - 2 : 1, center.y());
+}
+
+void TestTabCornerWidget::click_data()
+{
+    QTest::addColumn<Qt::MouseButton>("button");
+    QTest::addColumn<bool>("pressOn");
+    QTest::addColumn<bool>("dragOff");
+    QTest::addColumn<bool>("releaseOn");
+    QTest::addColumn<int>("closes");
+
+    QTest::newRow("left press and release on the button")
+        << Qt::LeftButton << true << false << true << 1;
+    QTest::newRow("left press on, drag off, release off")
+        << Qt::LeftButton << true << true << false << 0;
+    QTest::newRow("left press on, drag off and back")
+        << Qt::LeftButton << true << true << true << 1;
+    QTest::newRow("left press off, release on") << Qt::LeftButton << false << false << true << 0;
+    QTest::newRow("right click on the button") << Qt::RightButton << true << false << true << 0;
+    QTest::newRow("middle click on the button") << Qt::MiddleButton << true << false << true << 0;
+}
+
+void TestTabCornerWidget::click()
+{
+    QFETCH(Qt::MouseButton, button);
+    QFETCH(bool, pressOn);
+    QFETCH(bool, dragOff);
+    QFETCH(bool, releaseOn);
+    QFETCH(int, closes);
+
+    QSignalSpy spy(m_widget, &TabCornerWidget::sigCloseTool);
+    QTest::mousePress(m_widget, button, {}, pressOn ? onButton() : offButton());
+    if (dragOff)
+        QTest::mouseMove(m_widget, offButton());
+    QTest::mouseRelease(m_widget, button, {}, releaseOn ? onButton() : offButton());
+    QCOMPARE(spy.count(), closes);
+}
+
+void TestTabCornerWidget::otherButtonsAreIgnored()
+{
+    QSignalSpy spy(m_widget, &TabCornerWidget::sigCloseTool);
+    const QPointF pos = onButton();
+    const QPointF global = m_widget->mapToGlobal(onButton());
+    for (QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+        QMouseEvent event(type, pos, global, Qt::RightButton, Qt::RightButton, {});
+        QApplication::sendEvent(m_widget, &event);
+        QVERIFY(!event.isAccepted());
+    }
+    // A left press followed by a right release stays pressed: the left release still clicks.
+    QTest::mousePress(m_widget, Qt::LeftButton, {}, onButton());
+    QTest::mouseRelease(m_widget, Qt::RightButton, {}, onButton());
+    QCOMPARE(spy.count(), 0);
+    QTest::mouseRelease(m_widget, Qt::LeftButton, {}, onButton());
+    QCOMPARE(spy.count(), 1);
+}
+
+void TestTabCornerWidget::paintFollowsHoverAndPress()
+{
+    QTest::mouseMove(m_widget, onButton());
+    m_widget->repaint();
+    QVERIFY(m_style->lastState & QStyle::State_MouseOver);
+    QCOMPARE(m_style->lastActive, QStyle::SC_MdiCloseButton);
+
+    QTest::mousePress(m_widget, Qt::LeftButton, {}, onButton());
+    m_widget->repaint();
+    QVERIFY(m_style->lastState & QStyle::State_Sunken);
+    QCOMPARE(m_style->lastActive, QStyle::SC_MdiCloseButton);
+
+    // Pressed, then moved off: drawn unpressed.
+    QTest::mouseMove(m_widget, offButton());
+    m_widget->repaint();
+    QVERIFY(!(m_style->lastState & QStyle::State_Sunken));
+    QCOMPARE(m_style->lastActive, QStyle::SC_None);
+    QTest::mouseRelease(m_widget, Qt::LeftButton, {}, offButton());
+
+    QTest::mouseMove(m_widget, onButton());
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(m_widget, &leave);
+    m_widget->repaint();
+    QVERIFY(!(m_style->lastState & QStyle::State_MouseOver));
+    QCOMPARE(m_style->lastActive, QStyle::SC_None);
+}
+
+void TestTabCornerWidget::toolTipOnlyOverTheButton()
+{
+    GermanMdiTranslator translator;
+    QVERIFY(QCoreApplication::installTranslator(&translator));
+
+    QHelpEvent beside(QEvent::ToolTip, offButton(), m_widget->mapToGlobal(offButton()));
+    QApplication::sendEvent(m_widget, &beside);
+    QVERIFY(!QToolTip::isVisible());
+
+    QHelpEvent over(QEvent::ToolTip, onButton(), m_widget->mapToGlobal(onButton()));
+    QApplication::sendEvent(m_widget, &over);
+    QVERIFY(QToolTip::isVisible());
+    QCOMPARE(QToolTip::text(), QStringLiteral("Schließen"));
+
+    QCoreApplication::removeTranslator(&translator);
+    QToolTip::hideText();
+}
+
+QTEST_MAIN(TestTabCornerWidget)
+#include "tst_tabcornerwidget.moc"
