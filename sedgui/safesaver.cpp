@@ -1,0 +1,246 @@
+#include "safesaver.h"
+
+#include "filereader.h"
+#include "posixfile.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QRandomGenerator>
+
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace koru::sedgui {
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("koru::sedgui::SafeSaver", text);
+}
+
+QString cannotSave(const QString &path, const QString &reason)
+{
+    return tr("Cannot save %1: %2").arg(path, reason);
+}
+
+// A new, exclusively created file next to `target` (or in `dir`), named
+// after it and hidden. Returns the descriptor and sets *name, or -1 with
+// errno set.
+int createSibling(const QByteArray &dir, const QByteArray &target, mode_t mode, QByteArray *name)
+{
+    QByteArray base = target.mid(target.lastIndexOf('/') + 1).left(200);
+    for (int attempt = 0; attempt < 100; ++attempt) {
+        *name = dir + "/." + base + '.' +
+                QByteArray::number(QRandomGenerator::global()->generate(), 36) + ".tmp";
+        // O_EXCL | O_NOFOLLOW: never write through a link someone planted.
+        const int fd =
+            ::open(name->constData(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode);
+        if (fd >= 0 || errno != EEXIST)
+            return fd;
+    }
+    return -1;
+}
+
+void syncDirectory(const QByteArray &dir)
+{
+    // Makes the rename itself durable; file systems that cannot sync a
+    // directory still have the data, so the result does not matter.
+    const int fd = ::open(dir.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (fd >= 0) {
+        ::fsync(fd);
+        PosixFile::close(fd);
+    }
+}
+
+// The file a path finally names: symlinks are written through, so the link
+// stays a link and its target gets the new text.
+bool resolveLinks(const QString &path, QString *target)
+{
+    QString current = QFileInfo(path).absoluteFilePath();
+    for (int depth = 0; depth < 40; ++depth) {
+        const QFileInfo info(current);
+        if (!info.isSymLink()) {
+            *target = current;
+            return true;
+        }
+        current = info.symLinkTarget();
+    }
+    errno = ELOOP;
+    return false;
+}
+
+// Writes to a new file beside the target and renames it over the target:
+// at every moment the target is either all old or all new.
+bool saveByRename(const QByteArray &target, const QByteArray &dir, const struct stat *old,
+                  const QByteArray &bytes, int *savedErrno, bool *cannotKeepOwner)
+{
+    QByteArray tempName;
+    // A new file gets 0666 less the umask, like any file the user creates.
+    const int fd = createSibling(dir, target, old ? 0600 : 0666, &tempName);
+    if (fd < 0) {
+        *savedErrno = errno;
+        return false;
+    }
+    bool ok = true;
+    if (old) {
+        struct stat mine;
+        if (::fstat(fd, &mine) == 0 && (mine.st_uid != old->st_uid || mine.st_gid != old->st_gid) &&
+            ::fchown(fd, old->st_uid, old->st_gid) != 0) {
+            // Renaming would give the file away to us: write in place instead.
+            *cannotKeepOwner = true;
+            ok = false;
+        }
+        // After chown, which clears set-id bits.
+        if (ok && ::fchmod(fd, old->st_mode & 07777) != 0)
+            ok = false;
+    }
+    // QSaveFile would ignore a failing fsync; a failing fsync means the data
+    // may not be on disk, so the old file must stay.
+    ok = ok && PosixFile::writeAll(fd, bytes.constData(), bytes.size()) && ::fsync(fd) == 0;
+    if (!ok)
+        *savedErrno = errno;
+    if (!PosixFile::close(fd) && ok) {
+        *savedErrno = errno;
+        ok = false;
+    }
+    if (ok && ::rename(tempName.constData(), target.constData()) != 0) {
+        *savedErrno = errno;
+        ok = false;
+    }
+    if (!ok) {
+        ::unlink(tempName.constData());
+        return false;
+    }
+    syncDirectory(dir);
+    return true;
+}
+
+// Writes `bytes` over the file from its start and cuts it to their size.
+bool overwrite(int fd, const QByteArray &bytes)
+{
+    return ::lseek(fd, 0, SEEK_SET) == 0 &&
+           PosixFile::writeAll(fd, bytes.constData(), bytes.size()) &&
+           ::ftruncate(fd, off_t(bytes.size())) == 0 && ::fsync(fd) == 0;
+}
+
+// A copy of the original on disk while it is overwritten, so that not even
+// a crash in the middle loses it. Empty when no folder would take it.
+QByteArray writeBackup(const QByteArray &target, const QByteArray &dir, const QByteArray &original)
+{
+    for (const QByteArray &folder : {dir, QFile::encodeName(QDir::tempPath())}) {
+        QByteArray name;
+        const int fd = createSibling(folder, target, 0600, &name);
+        if (fd < 0)
+            continue;
+        const bool ok =
+            PosixFile::writeAll(fd, original.constData(), original.size()) && ::fsync(fd) == 0;
+        if (PosixFile::close(fd) && ok)
+            return name;
+        ::unlink(name.constData());
+    }
+    return {};
+}
+
+// Writes into the existing file, keeping its inode and with it every hard
+// link, its owner and whatever else is attached to it. The original is read
+// first and written back if the new text cannot be written whole.
+bool saveInPlace(const QString &path, const QByteArray &target, const QByteArray &dir,
+                 const QByteArray &bytes, QString *error)
+{
+    QByteArray original;
+    QString readError;
+    if (!FileReader::read(QFile::decodeName(target), &original, &readError)) {
+        *error = cannotSave(
+            path, tr("the original could not be read to keep a copy (%1)").arg(readError));
+        return false;
+    }
+    const QByteArray backup = writeBackup(target, dir, original);
+    const int fd = ::open(target.constData(), O_WRONLY | O_CLOEXEC | O_NOCTTY);
+    if (fd < 0) {
+        *error = cannotSave(path, PosixFile::errorText(errno));
+        if (!backup.isEmpty())
+            ::unlink(backup.constData());
+        return false;
+    }
+    if (overwrite(fd, bytes)) {
+        const bool closed = PosixFile::close(fd);
+        const int closeErrno = errno;
+        if (!backup.isEmpty())
+            ::unlink(backup.constData());
+        if (!closed) {
+            *error = cannotSave(path, PosixFile::errorText(closeErrno));
+            return false;
+        }
+        return true;
+    }
+    const int writeErrno = errno;
+    const bool restored = overwrite(fd, original);
+    PosixFile::close(fd);
+    if (restored) {
+        if (!backup.isEmpty())
+            ::unlink(backup.constData());
+        *error = cannotSave(path, PosixFile::errorText(writeErrno));
+    } else if (!backup.isEmpty()) {
+        *error =
+            cannotSave(path, tr("%1; the file could not be restored, its previous content "
+                                "is in %2")
+                                 .arg(PosixFile::errorText(writeErrno), QFile::decodeName(backup)));
+    } else {
+        *error = cannotSave(
+            path, tr("%1; the file could not be restored").arg(PosixFile::errorText(writeErrno)));
+    }
+    return false;
+}
+
+} // namespace
+
+bool SafeSaver::save(const QString &path, const QByteArray &bytes, QString *error)
+{
+    QString resolved;
+    if (!resolveLinks(path, &resolved)) {
+        *error = cannotSave(path, PosixFile::errorText(errno));
+        return false;
+    }
+    const QByteArray target = QFile::encodeName(resolved);
+    const QByteArray dir = target.left(qMax<qsizetype>(target.lastIndexOf('/'), 1));
+
+    struct stat st;
+    const bool exists = ::stat(target.constData(), &st) == 0;
+    if (!exists && errno != ENOENT) {
+        *error = cannotSave(path, PosixFile::errorText(errno));
+        return false;
+    }
+    if (exists) {
+        if (const QString kind = PosixFile::irregularKind(st.st_mode); !kind.isEmpty()) {
+            *error = cannotSave(path, tr("it is %1").arg(kind));
+            return false;
+        }
+        // A read-only file stays read-only, even where the folder would
+        // allow replacing it.
+        if (::faccessat(AT_FDCWD, target.constData(), W_OK, AT_EACCESS) != 0) {
+            *error = cannotSave(path, PosixFile::errorText(errno));
+            return false;
+        }
+    }
+
+    const bool dirWritable = ::faccessat(AT_FDCWD, dir.constData(), W_OK | X_OK, AT_EACCESS) == 0;
+    const bool renameKeepsAll = !exists || (st.st_nlink == 1 && dirWritable);
+    if (renameKeepsAll) {
+        int savedErrno = 0;
+        bool cannotKeepOwner = false;
+        if (saveByRename(target, dir, exists ? &st : nullptr, bytes, &savedErrno, &cannotKeepOwner))
+            return true;
+        if (!cannotKeepOwner) {
+            *error = cannotSave(path, PosixFile::errorText(savedErrno));
+            return false;
+        }
+    }
+    return saveInPlace(path, target, dir, bytes, error);
+}
+
+} // namespace koru::sedgui
