@@ -2,8 +2,10 @@
 
 #include <QAction>
 
-// A menu action made from its text. Actions whose text names a standard
-// command get the desktop theme's icon for it, with a built-in fallback.
+// A menu action made from its English name, shown translated. An action whose
+// name is a standard command (New, Open, Save, Undo, Find, ...) gets the
+// desktop theme's icon with a bundled fallback, and the desktop's standard
+// keys unless its owner sets a shortcut of its own afterwards.
 class BaseAction : public QAction
 {
     Q_OBJECT
