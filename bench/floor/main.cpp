@@ -33,7 +33,8 @@ int main(int argc, char *argv[])
         window.setWindowTitle(args.at(1));
     }
 
-    window.resize(1024, 720);
+    // The editor's window opens at this size too: the same area to paint.
+    window.resize(800, 600);
     window.show();
     return app.exec();
 }
