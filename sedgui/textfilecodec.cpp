@@ -142,6 +142,16 @@ bool decodeLegacyLossless(const QByteArray &bytes, const QByteArray &encoding, Q
     return true;
 }
 
+bool hasC1Bytes(const QByteArray &bytes)
+{
+    for (const char c : bytes) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte >= 0x80 && byte <= 0x9F)
+            return true;
+    }
+    return false;
+}
+
 void finish(DecodedText *text)
 {
     text->format.lineEnding = TextFileCodec::detectLineEnding(text->utf8, &text->mixedLineEndings);
@@ -211,7 +221,10 @@ DecodedText TextFileCodec::decode(const QByteArray &bytes)
         return rawText(bytes, rawNotice);
 
     QByteArray encoding = canonicalEncoding(EncodingDetector::detect(bytes));
-    if (encoding.isEmpty() || isUnicodeForm(encoding) || encoding == "US-ASCII")
+    // Text in ISO-8859-1 has no C1 control codes; bytes 0x80-0x9F mean the
+    // Windows superset, or no text at all.
+    if (encoding.isEmpty() || isUnicodeForm(encoding) || encoding == "US-ASCII" ||
+        (encoding == "ISO-8859-1" && hasC1Bytes(bytes)))
         encoding = "WINDOWS-1252";
     DecodedText text;
     if (!decodeLegacyLossless(bytes, encoding, &text.utf8))

@@ -1,0 +1,145 @@
+#include "fileopsrunner.h"
+#include "filereader.h"
+
+#include <QDir>
+#include <QFile>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+using namespace koru::sedgui;
+
+class TstFileReader : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void refusesWhatIsNotAFile_data();
+    void refusesWhatIsNotAFile();
+    void readsProcFileToTheEnd();
+    void readsBinaryFileExactly();
+    void unreadableFileSaysWhy();
+};
+
+void TstFileReader::refusesWhatIsNotAFile_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<QString>("reason");
+
+    QTest::newRow("directory") << "directory"
+                               << "it is a directory";
+    QTest::newRow("fifo") << "fifo"
+                          << "it is a FIFO (named pipe)";
+    QTest::newRow("endless device") << "/dev/zero"
+                                    << "it is a device";
+    QTest::newRow("socket") << "socket"
+                            << "it is a socket";
+    QTest::newRow("missing file") << "missing"
+                                  << "No such file or directory";
+    QTest::newRow("symlink to a fifo") << "link to fifo"
+                                       << "it is a FIFO (named pipe)";
+}
+
+void TstFileReader::refusesWhatIsNotAFile()
+{
+    QFETCH(QString, kind);
+    QFETCH(QString, reason);
+
+    QTemporaryDir dir;
+    QString path = dir.filePath(kind);
+    const QByteArray native = QFile::encodeName(path);
+    if (kind == QLatin1String("directory")) {
+        QVERIFY(QDir().mkdir(path));
+    } else if (kind == QLatin1String("fifo")) {
+        // Reading it would wait for a writer forever: the test hangs if the
+        // reader opens it blocking.
+        QCOMPARE(::mkfifo(native.constData(), 0600), 0);
+    } else if (kind == QLatin1String("link to fifo")) {
+        const QByteArray fifo = QFile::encodeName(dir.filePath(QStringLiteral("pipe")));
+        QCOMPARE(::mkfifo(fifo.constData(), 0600), 0);
+        QCOMPARE(::symlink(fifo.constData(), native.constData()), 0);
+    } else if (kind == QLatin1String("socket")) {
+        const int fd = ::socket(AF_UNIX, SOCK_STREAM, 0);
+        sockaddr_un address = {};
+        address.sun_family = AF_UNIX;
+        QVERIFY(size_t(native.size()) < sizeof address.sun_path);
+        qstrcpy(address.sun_path, native.constData());
+        QCOMPARE(::bind(fd, reinterpret_cast<sockaddr *>(&address), sizeof address), 0);
+        ::close(fd);
+    } else if (kind.startsWith(u'/')) {
+        path = kind;
+    }
+
+    QByteArray out = "untouched";
+    QString error;
+    QVERIFY(!FileReader::read(path, &out, &error));
+    QCOMPARE(error, QStringLiteral("Cannot open %1: %2").arg(path, reason));
+    QVERIFY(out.isEmpty());
+}
+
+void TstFileReader::readsProcFileToTheEnd()
+{
+    // Files in /proc report size 0 and are generated as they are read.
+    const QString path = QStringLiteral("/proc/self/mountinfo");
+    struct stat st;
+    if (::stat(QFile::encodeName(path).constData(), &st) != 0)
+        QSKIP("no /proc here");
+    QCOMPARE(st.st_size, off_t(0));
+
+    QByteArray out;
+    QString error;
+    QVERIFY2(FileReader::read(path, &out, &error), qPrintable(error));
+    QVERIFY(!out.isEmpty());
+    QVERIFY(out.endsWith('\n'));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(out, file.readAll());
+}
+
+void TstFileReader::readsBinaryFileExactly()
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("data.bin"));
+    QByteArray bytes(3 * 1024 * 1024 + 17, Qt::Uninitialized);
+    QRandomGenerator generator(42);
+    for (char &c : bytes)
+        c = char(generator.bounded(256));
+    {
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QCOMPARE(file.write(bytes), bytes.size());
+    }
+    QByteArray out;
+    QString error;
+    QVERIFY2(FileReader::read(path, &out, &error), qPrintable(error));
+    QVERIFY(out == bytes);
+}
+
+void TstFileReader::unreadableFileSaysWhy()
+{
+    QString why;
+    if (!FileOpsRunner::canRunUnprivileged(&why) || !FileOpsRunner::openTempPathToOthers(&why))
+        QSKIP(qPrintable(why));
+    QTemporaryDir dir;
+    QCOMPARE(::chmod(QFile::encodeName(dir.path()).constData(), 0755), 0);
+    const QString path = dir.filePath(QStringLiteral("secret.txt"));
+    {
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("secret\n");
+    }
+    QCOMPARE(::chmod(QFile::encodeName(path).constData(), 0), 0);
+
+    const auto result = FileOpsRunner::run({QStringLiteral("read"), path}, {}, true);
+    QCOMPARE(result.exitCode, 1);
+    QCOMPARE(result.error, QStringLiteral("Cannot open %1: Permission denied").arg(path));
+    QVERIFY(result.out.isEmpty());
+}
+
+QTEST_GUILESS_MAIN(TstFileReader)
+#include "tst_filereader.moc"
