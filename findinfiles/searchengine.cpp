@@ -1,0 +1,260 @@
+#include "searchengine.h"
+
+#include "filescanner.h"
+#include "filewalker.h"
+#include "hitformatter.h"
+#include "textmatcher.h"
+
+#include <QFile>
+#include <QMetaObject>
+
+#include <chrono>
+#include <condition_variable>
+#include <deque>
+#include <mutex>
+
+namespace {
+
+// A batch is handed over when it holds this many hits or is this old.
+constexpr int BatchHits = 1000;
+constexpr auto BatchAge = std::chrono::milliseconds(40);
+// Batches waiting for the GUI before the worker waits in turn.
+constexpr size_t MaxPendingBatches = 8;
+// Time one turn of the event loop spends handing batches on.
+constexpr qint64 DeliverySliceMs = 12;
+constexpr int ProgressIntervalMs = 100;
+
+} // namespace
+
+struct SearchEngine::Run
+{
+    explicit Run(const SearchOptions &options)
+        : options(options)
+    {}
+
+    struct Batch
+    {
+        QString lines;
+        int count = 0;
+    };
+
+    const SearchOptions options;
+    std::atomic<bool> cancel{false};
+    std::atomic<qint64> filesSearched{0};
+    std::atomic<qint64> hitsFound{0};
+
+    std::mutex mutex;
+    std::condition_variable roomFreed;
+    std::deque<Batch> batches;
+    bool deliveryPosted = false;
+    bool done = false;
+    SearchSummary summary; // written by the worker before done is set
+
+    // GUI thread only.
+    qint64 hitsDelivered = 0;
+};
+
+SearchEngine::SearchEngine(QObject *parent)
+    : QObject(parent)
+{
+    m_progressTimer.setInterval(ProgressIntervalMs);
+    connect(&m_progressTimer, &QTimer::timeout, this, &SearchEngine::reportProgress);
+}
+
+SearchEngine::~SearchEngine()
+{
+    if (m_run) {
+        m_run->cancel = true;
+        m_run->roomFreed.notify_all();
+    }
+    if (m_worker.joinable())
+        m_worker.join();
+}
+
+bool SearchEngine::isRunning() const
+{
+    return m_run != nullptr;
+}
+
+void SearchEngine::start(const SearchOptions &options)
+{
+    stop();
+    auto run = std::make_shared<Run>(options);
+    m_run = run;
+    emit started(options);
+    m_progressTimer.start();
+    m_worker = std::thread([this, run] { runSearch(run); });
+}
+
+void SearchEngine::stop()
+{
+    if (!m_run)
+        return;
+    const std::shared_ptr<Run> run = std::move(m_run);
+    run->cancel = true;
+    run->roomFreed.notify_all();
+    if (m_worker.joinable())
+        m_worker.join();
+    m_progressTimer.stop();
+
+    // What the worker found but the pane has not shown yet is dropped: the
+    // summary counts the hits the user saw.
+    SearchSummary summary;
+    {
+        std::lock_guard lock(run->mutex);
+        summary = run->summary;
+    }
+    summary.cancelled = true;
+    summary.filesSearched = run->filesSearched;
+    summary.hits = run->hitsDelivered;
+    emit finished(summary);
+}
+
+void SearchEngine::post(const std::shared_ptr<Run> &run)
+{
+    // Called with run->mutex held.
+    if (run->deliveryPosted)
+        return;
+    run->deliveryPosted = true;
+    QMetaObject::invokeMethod(
+        this, [this, run] { deliver(run); }, Qt::QueuedConnection);
+}
+
+void SearchEngine::runSearch(const std::shared_ptr<Run> &run)
+{
+    SearchSummary summary;
+    const TextMatcher matcher(run->options);
+    if (!matcher.isValid()) {
+        summary.error = matcher.errorString();
+    } else {
+        FileWalker walker(run->options);
+        FileScanner scanner(matcher);
+        QList<TextMatcher::LineHit> hits;
+        Run::Batch batch;
+        auto batchStarted = std::chrono::steady_clock::now();
+
+        auto handOver = [&]() {
+            std::unique_lock lock(run->mutex);
+            run->roomFreed.wait(lock, [&] {
+                return run->batches.size() < MaxPendingBatches || run->cancel.load();
+            });
+            if (run->cancel)
+                return;
+            run->batches.push_back(std::move(batch));
+            post(run);
+            batch = Run::Batch();
+        };
+
+        walker.walk(
+            [&](const QByteArray &path) {
+                const FileScanner::Result result = scanner.scan(path, hits, &run->cancel);
+                switch (result) {
+                case FileScanner::Result::Binary:
+                    ++summary.binaryFilesSkipped;
+                    break;
+                case FileScanner::Result::Unreadable:
+                    ++summary.unreadable;
+                    break;
+                case FileScanner::Result::Cancelled:
+                    return false;
+                case FileScanner::Result::Searched:
+                    break;
+                }
+                if (result == FileScanner::Result::Searched) {
+                    ++run->filesSearched;
+                    if (!hits.isEmpty()) {
+                        const QString file = QFile::decodeName(path);
+                        ++summary.filesWithHits;
+                        for (const TextMatcher::LineHit &hit : std::as_const(hits)) {
+                            if (batch.count > 0)
+                                batch.lines += QLatin1Char('\n');
+                            batch.lines +=
+                                HitFormatter::hitLine(file, hit.line, hit.text, hit.column);
+                            ++batch.count;
+                            if (batch.count >= BatchHits) {
+                                handOver();
+                                if (run->cancel)
+                                    return false;
+                            }
+                        }
+                        run->hitsFound += hits.size();
+                        summary.hits += hits.size();
+                    }
+                }
+                const auto now = std::chrono::steady_clock::now();
+                if (batch.count >= BatchHits ||
+                    (batch.count > 0 && now - batchStarted >= BatchAge)) {
+                    handOver();
+                    batchStarted = now;
+                }
+                return !run->cancel.load(std::memory_order_relaxed);
+            },
+            &run->cancel);
+
+        if (batch.count > 0 && !run->cancel)
+            handOver();
+        summary.unreadable += walker.unreadableFolders();
+    }
+
+    summary.filesSearched = run->filesSearched;
+    summary.cancelled = run->cancel;
+    std::lock_guard lock(run->mutex);
+    run->summary = summary;
+    run->done = true;
+    post(run);
+}
+
+void SearchEngine::deliver(const std::shared_ptr<Run> &run)
+{
+    if (run != m_run)
+        return; // a stopped search
+    QElapsedTimer slice;
+    slice.start();
+    for (;;) {
+        Run::Batch batch;
+        {
+            std::lock_guard lock(run->mutex);
+            if (run->batches.empty()) {
+                run->deliveryPosted = false;
+                if (run->done)
+                    break;
+                return;
+            }
+            batch = std::move(run->batches.front());
+            run->batches.pop_front();
+        }
+        run->roomFreed.notify_one();
+        run->hitsDelivered += batch.count;
+        emit hitsReady(batch.lines, batch.count);
+        if (run != m_run)
+            return; // a slot started another search or stopped this one
+        if (slice.elapsed() >= DeliverySliceMs) {
+            // Let the event loop paint and take input before the next batches.
+            QMetaObject::invokeMethod(
+                this, [this, run] { deliver(run); }, Qt::QueuedConnection);
+            return;
+        }
+    }
+    finish(run);
+}
+
+void SearchEngine::finish(const std::shared_ptr<Run> &run)
+{
+    if (m_worker.joinable())
+        m_worker.join();
+    m_run.reset();
+    m_progressTimer.stop();
+    SearchSummary summary;
+    {
+        std::lock_guard lock(run->mutex);
+        summary = run->summary;
+    }
+    emit progress(summary.filesSearched, summary.hits);
+    emit finished(summary);
+}
+
+void SearchEngine::reportProgress()
+{
+    if (m_run)
+        emit progress(m_run->filesSearched, m_run->hitsDelivered);
+}

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "searchoptions.h"
+#include "searchsummary.h"
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <QTimer>
+
+#include <memory>
+#include <thread>
+
+// Runs one find-in-files search at a time on a thread of its own and hands the
+// hit lines to the GUI thread in batches. The worker never gets more than a few
+// batches ahead of the GUI, so a search with a million hits takes no more memory
+// than the pane that shows them; each turn of the event loop takes batches for a
+// few milliseconds only, so the window stays responsive.
+//
+// A new search stops the running one first. stop() returns once the worker has
+// ended (it checks the cancel flag every file and every few megabytes), and the
+// destructor does the same: no thread outlives the engine or a stopped search.
+class SearchEngine : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit SearchEngine(QObject *parent = nullptr);
+    ~SearchEngine() override;
+
+    void start(const SearchOptions &options);
+    void stop();
+    bool isRunning() const;
+
+signals:
+    void started(const SearchOptions &options);
+    // Hit lines "file(line):text", joined by line feeds.
+    void hitsReady(const QString &lines, int count);
+    void progress(qint64 filesSearched, qint64 hits);
+    void finished(const SearchSummary &summary);
+
+private:
+    struct Run;
+
+    void runSearch(const std::shared_ptr<Run> &run);
+    void post(const std::shared_ptr<Run> &run);
+    void deliver(const std::shared_ptr<Run> &run);
+    void finish(const std::shared_ptr<Run> &run);
+    void reportProgress();
+
+    std::shared_ptr<Run> m_run;
+    std::thread m_worker;
+    QTimer m_progressTimer;
+};

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QRegularExpression>
+#include <QString>
+#include <QStringList>
+
+// What one find-in-files search looks for and where.
+struct SearchOptions
+{
+    QString text;
+    bool regularExpression = false;
+    bool caseSensitive = false;
+    bool wholeWord = false;
+
+    QString folder;
+    // File-name globs ("*.cpp"); an empty list takes every file.
+    QStringList includeGlobs;
+    // File and folder-name globs that are never searched or entered.
+    QStringList excludeGlobs = defaultExcludeGlobs();
+    bool includeHidden = false;
+
+    // Version-control and build folders, which hold copies or generated files.
+    static QStringList defaultExcludeGlobs()
+    {
+        return {
+            QStringLiteral(".git"),  QStringLiteral(".svn"),         QStringLiteral(".hg"),
+            QStringLiteral(".bzr"),  QStringLiteral("CVS"),          QStringLiteral("_darcs"),
+            QStringLiteral("build"), QStringLiteral("node_modules"), QStringLiteral("__pycache__")};
+    }
+
+    // Splits a user's glob list: "*.c; *.h, *.txt" gives three globs.
+    static QStringList splitGlobs(const QString &text)
+    {
+        static const QRegularExpression separators(QStringLiteral("[;,\\s]+"));
+        return text.split(separators, Qt::SkipEmptyParts);
+    }
+};

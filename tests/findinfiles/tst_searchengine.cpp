@@ -1,0 +1,283 @@
+#include "searchengine.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QScopeGuard>
+#include <QSignalSpy>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <optional>
+#include <unistd.h>
+
+namespace {
+
+const char ChildDirVariable[] = "FIF_TEST_UNPRIVILEGED_DIR";
+
+void writeFile(const QString &path, const QByteArray &content)
+{
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(content);
+}
+
+int threadCount()
+{
+    return int(QDir(QStringLiteral("/proc/self/task"))
+                   .entryList(QDir::Dirs | QDir::NoDotAndDotDot)
+                   .size());
+}
+
+// The result pane's reading of a line: the file, the line, or an empty file name.
+std::pair<QString, int> parseLikeThePane(const QString &line)
+{
+    static const QRegularExpression hit(QStringLiteral("^(.+)\\(([^:]+)\\):(.+)$"));
+    const QRegularExpressionMatch match = hit.match(line);
+    if (!match.hasMatch())
+        return {QString(), 0};
+    return {match.captured(1), match.captured(2).toInt()};
+}
+
+struct Collected
+{
+    QStringList lines;
+    QList<SearchSummary> summaries;
+};
+
+void collect(SearchEngine &engine, Collected &collected)
+{
+    QObject::connect(&engine, &SearchEngine::hitsReady, &engine,
+                     [&collected](const QString &lines, int count) {
+                         const QStringList batch = lines.split(QLatin1Char('\n'));
+                         QCOMPARE(batch.size(), count);
+                         collected.lines += batch;
+                     });
+    QObject::connect(
+        &engine, &SearchEngine::finished, &engine,
+        [&collected](const SearchSummary &summary) { collected.summaries.append(summary); });
+}
+
+SearchOptions optionsFor(const QString &folder, const QString &text)
+{
+    SearchOptions options;
+    options.folder = folder;
+    options.text = text;
+    return options;
+}
+
+// A file with so many hits that the worker fills its queue and waits for the GUI.
+void writeManyHits(const QString &path)
+{
+    QByteArray content;
+    for (int i = 0; i < 50000; ++i)
+        content += "needle " + QByteArray::number(i) + '\n';
+    writeFile(path, content);
+}
+
+} // namespace
+
+class TestSearchEngine : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void everyHitLineReadsBackToItsFileAndLine();
+    void stopEndsTheWorkerAndLeavesNoThread();
+    void aSecondSearchReplacesTheFirst();
+    void destroyingARunningEngineLeavesNoThread();
+    void invalidRegexEndsWithAnError();
+    void unreadableFileIsSkippedAndCounted();
+};
+
+void TestSearchEngine::everyHitLineReadsBackToItsFileAndLine()
+{
+    QTemporaryDir dir;
+    const QString root = dir.path() + QLatin1Char('/');
+    writeFile(root + "plain.c", "int f(x): needle\n\nneedle(1):2\n");
+    writeFile(root + "par(1)/g (2).c", "x\nneedle here\n");
+    writeFile(root + "x(12):y/f(3).c", "(a):b needle (c):d\n");
+    writeFile(root + "crlf.txt", "a\r\nneedle\r\n");
+    writeFile(root + "blank.txt", "needle\t\n      needle     \n");
+    writeFile(root + "binary.bin", QByteArray("needle\0", 7));
+    writeFile(root + "long.txt", QByteArray(5000, 'y') + " needle):end\n");
+    writeFile(root + "sep.txt", QString::fromUtf8("a\u2028needle\u2029b\n").toUtf8());
+
+    SearchEngine engine;
+    Collected collected;
+    collect(engine, collected);
+    engine.start(optionsFor(dir.path(), QStringLiteral("needle")));
+    QTRY_COMPARE(collected.summaries.size(), 1);
+    QVERIFY(!engine.isRunning());
+
+    const SearchSummary summary = collected.summaries.first();
+    QVERIFY(!summary.cancelled);
+    QCOMPARE(summary.binaryFilesSkipped, 1);
+    QCOMPARE(summary.hits, 9);
+    QCOMPARE(summary.filesWithHits, 7);
+    QCOMPARE(collected.lines.size(), 9);
+    for (const QString &line : std::as_const(collected.lines)) {
+        const auto [file, number] = parseLikeThePane(line);
+        QVERIFY2(QFileInfo(file).isFile(), qPrintable(line));
+        QFile source(file);
+        QVERIFY(source.open(QIODevice::ReadOnly));
+        const QList<QByteArray> sourceLines = source.readAll().split('\n');
+        QVERIFY2(number >= 1 && number <= sourceLines.size(), qPrintable(line));
+        QVERIFY2(sourceLines.at(number - 1).contains("needle"), qPrintable(line));
+        QVERIFY2(line.contains(QLatin1String("needle")), qPrintable(line));
+        QVERIFY2(!line.contains(QLatin1Char('\r')), qPrintable(line));
+    }
+}
+
+void TestSearchEngine::stopEndsTheWorkerAndLeavesNoThread()
+{
+    QTemporaryDir dir;
+    writeManyHits(dir.filePath(QStringLiteral("many.txt")));
+    const int threadsBefore = threadCount();
+
+    SearchEngine engine;
+    Collected collected;
+    collect(engine, collected);
+    // Stop as soon as the first batch shows, from the slot that shows it.
+    connect(&engine, &SearchEngine::hitsReady, &engine, [&engine] { engine.stop(); });
+    engine.start(optionsFor(dir.path(), QStringLiteral("needle")));
+    QVERIFY(engine.isRunning());
+    QCOMPARE(threadCount(), threadsBefore + 1);
+    QTRY_COMPARE(collected.summaries.size(), 1);
+
+    QVERIFY(!engine.isRunning());
+    QCOMPARE(threadCount(), threadsBefore);
+    QCOMPARE(collected.summaries.size(), 1);
+    QVERIFY(collected.summaries.first().cancelled);
+    QVERIFY(collected.lines.size() < 50000);
+    QCOMPARE(collected.summaries.first().hits, collected.lines.size());
+    // Nothing of the stopped search arrives afterwards.
+    const qsizetype shown = collected.lines.size();
+    QTest::qWait(50);
+    QCOMPARE(collected.lines.size(), shown);
+    QCOMPARE(collected.summaries.size(), 1);
+}
+
+void TestSearchEngine::aSecondSearchReplacesTheFirst()
+{
+    QTemporaryDir first;
+    QTemporaryDir second;
+    writeManyHits(first.filePath(QStringLiteral("many.txt")));
+    writeFile(second.filePath(QStringLiteral("one.txt")), "a needle\n");
+    const int threadsBefore = threadCount();
+
+    SearchEngine engine;
+    Collected collected;
+    collect(engine, collected);
+    engine.start(optionsFor(first.path(), QStringLiteral("needle")));
+    QTRY_VERIFY(!collected.lines.isEmpty());
+    const qsizetype fromFirst = collected.lines.size();
+    engine.start(optionsFor(second.path(), QStringLiteral("needle")));
+    QCOMPARE(collected.summaries.size(), 1);
+    QVERIFY(collected.summaries.first().cancelled);
+
+    QTRY_COMPARE(collected.summaries.size(), 2);
+    QVERIFY(!collected.summaries.last().cancelled);
+    QCOMPARE(collected.summaries.last().hits, 1);
+    QCOMPARE(collected.lines.size(), fromFirst + 1);
+    QCOMPARE(parseLikeThePane(collected.lines.last()).first,
+             second.filePath(QStringLiteral("one.txt")));
+    QCOMPARE(threadCount(), threadsBefore);
+}
+
+void TestSearchEngine::destroyingARunningEngineLeavesNoThread()
+{
+    QTemporaryDir dir;
+    writeManyHits(dir.filePath(QStringLiteral("many.txt")));
+    const int threadsBefore = threadCount();
+    {
+        SearchEngine engine;
+        engine.start(optionsFor(dir.path(), QStringLiteral("needle")));
+        QCOMPARE(threadCount(), threadsBefore + 1);
+    }
+    QCOMPARE(threadCount(), threadsBefore);
+}
+
+void TestSearchEngine::invalidRegexEndsWithAnError()
+{
+    QTemporaryDir dir;
+    SearchEngine engine;
+    Collected collected;
+    collect(engine, collected);
+    SearchOptions options = optionsFor(dir.path(), QStringLiteral("a(b"));
+    options.regularExpression = true;
+    engine.start(options);
+    QTRY_COMPARE(collected.summaries.size(), 1);
+    QVERIFY(!collected.summaries.first().error.isEmpty());
+    QCOMPARE(collected.summaries.first().filesSearched, 0);
+}
+
+void TestSearchEngine::unreadableFileIsSkippedAndCounted()
+{
+    const QByteArray childDir = qgetenv(ChildDirVariable);
+    QString root;
+    // Outside the test's own temporary folder, which only root may enter.
+    std::optional<QTemporaryDir> parentDir;
+    auto unlock = qScopeGuard([&] {
+        if (parentDir)
+            QFile::setPermissions(root + "/locked",
+                                  QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    });
+    if (childDir.isEmpty()) {
+        parentDir.emplace(QStringLiteral("/tmp/fif-unreadable-XXXXXX"));
+        QVERIFY(parentDir->isValid());
+        root = parentDir->path();
+        writeFile(root + "/readable.txt", "needle\n");
+        writeFile(root + "/secret.txt", "needle\n");
+        writeFile(root + "/locked/inner.txt", "needle\n");
+        QVERIFY(QFile::setPermissions(root + "/secret.txt", {}));
+        QVERIFY(QFile::setPermissions(root + "/locked", {}));
+        QVERIFY(QFile::setPermissions(root, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner |
+                                                QFile::ReadOther | QFile::ExeOther));
+        if (geteuid() == 0) {
+            // Permission checks pass for root: search again as an unprivileged user.
+            const QString setpriv = QStandardPaths::findExecutable(QStringLiteral("setpriv"));
+            if (setpriv.isEmpty())
+                QSKIP("Running as root and setpriv is missing: cannot make a file unreadable.");
+            QProcess child;
+            QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+            env.insert(QString::fromLatin1(ChildDirVariable), root);
+            env.insert(QStringLiteral("HOME"), root);
+            env.insert(QStringLiteral("TMPDIR"), root);
+            env.insert(QStringLiteral("XDG_CONFIG_HOME"), root);
+            env.remove(QStringLiteral("XDG_RUNTIME_DIR"));
+            child.setProcessEnvironment(env);
+            child.setProcessChannelMode(QProcess::MergedChannels);
+            child.start(setpriv, {"--reuid=65534", "--regid=65534", "--clear-groups",
+                                  QCoreApplication::applicationFilePath(),
+                                  "unreadableFileIsSkippedAndCounted"});
+            QVERIFY(child.waitForFinished(120000));
+            const QByteArray output = child.readAll();
+            QVERIFY2(child.exitCode() == 0, output.constData());
+            QVERIFY2(
+                output.contains("PASS   : TestSearchEngine::unreadableFileIsSkippedAndCounted"),
+                output.constData());
+            return;
+        }
+    } else {
+        root = QString::fromLocal8Bit(childDir);
+        QVERIFY(geteuid() != 0);
+    }
+
+    SearchEngine engine;
+    Collected collected;
+    collect(engine, collected);
+    engine.start(optionsFor(root, QStringLiteral("needle")));
+    QTRY_COMPARE(collected.summaries.size(), 1);
+    const SearchSummary summary = collected.summaries.first();
+    QCOMPARE(summary.unreadable, 2); // the file and the folder
+    QCOMPARE(summary.hits, 1);
+    QCOMPARE(collected.lines.size(), 1);
+    QCOMPARE(parseLikeThePane(collected.lines.first()).first, root + "/readable.txt");
+}
+
+QTEST_GUILESS_MAIN(TestSearchEngine)
+#include "tst_searchengine.moc"
