@@ -6,7 +6,10 @@
 //
 //   idleprobe [--interval-ms N] [--idle-ms N] [--eps-us N] [--timeout-ms N]
 //             [--keys "KEYS"] [--key-timeout-ms N] [--shot FILE] [--log FILE]
-//             -- PROGRAM [ARGS...]
+//             [--trace FILE] -- PROGRAM [ARGS...]
+//
+// --trace appends every sample (ms since launch, CPU ms) to FILE, to see where
+// a program spends its start.
 //
 // Prints one line of key=value pairs. Exit status: 0 measured, 1 the program
 // exited or never went idle, 2 the probe itself could not run.
@@ -36,6 +39,7 @@ struct Options
     std::string keys;
     std::string shot;
     std::string log = "/dev/null";
+    std::string trace;
     std::vector<char *> command;
 };
 
@@ -77,7 +81,7 @@ bool exited(pid_t pid)
 // window, then returns the first moment the CPU time was within eps of where
 // it ended: the work was done then, and the window only confirmed it.
 std::optional<Idle> waitIdle(ProcessSampler &sampler, pid_t pid, const Options &options,
-                             double fromMs, double timeoutMs)
+                             double fromMs, double timeoutMs, FILE *trace)
 {
     const auto eps = std::uint64_t(options.epsUs * 1e3);
     std::vector<Sample> samples;
@@ -87,6 +91,8 @@ std::optional<Idle> waitIdle(ProcessSampler &sampler, pid_t pid, const Options &
         if (t - fromMs > timeoutMs || exited(pid))
             return std::nullopt;
         samples.push_back({t, sampler.cpuNs()});
+        if (trace)
+            std::fprintf(trace, "%.1f %.2f\n", t - fromMs, double(samples.back().cpuNs) / 1e6);
         const Sample &last = samples.back();
         if (last.ms - samples.front().ms >= options.idleMs) {
             std::size_t windowStart = samples.size() - 1;
@@ -150,6 +156,8 @@ bool parse(int argc, char *argv[], Options &options)
             options.shot = value;
         else if (arg == "--log")
             options.log = value;
+        else if (arg == "--trace")
+            options.trace = value;
         else
             return false;
     }
@@ -174,7 +182,7 @@ int main(int argc, char *argv[])
     if (!parse(argc, argv, options)) {
         std::fprintf(stderr, "usage: idleprobe [--interval-ms N] [--idle-ms N] [--eps-us N] "
                              "[--timeout-ms N] [--keys KEYS] [--key-timeout-ms N] [--shot FILE] "
-                             "[--log FILE] -- PROGRAM [ARGS...]\n");
+                             "[--log FILE] [--trace FILE] -- PROGRAM [ARGS...]\n");
         return 2;
     }
     const int logFd = open(options.log.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0644);
@@ -182,6 +190,8 @@ int main(int argc, char *argv[])
         std::perror(options.log.c_str());
         return 2;
     }
+
+    FILE *trace = options.trace.empty() ? nullptr : std::fopen(options.trace.c_str(), "a");
 
     const double launchMs = nowMs();
     const pid_t pid = fork();
@@ -199,7 +209,8 @@ int main(int argc, char *argv[])
     close(logFd);
 
     ProcessSampler sampler(pid);
-    const std::optional<Idle> idle = waitIdle(sampler, pid, options, launchMs, options.timeoutMs);
+    const std::optional<Idle> idle =
+        waitIdle(sampler, pid, options, launchMs, options.timeoutMs, trace);
     if (!idle) {
         const bool gone = exited(pid);
         std::printf("status=%s\n", gone ? "exited" : "timeout");
@@ -222,11 +233,11 @@ int main(int argc, char *argv[])
         } else {
             run("xdotool windowfocus " + window + " 2>/dev/null");
             const std::optional<Idle> focused =
-                waitIdle(sampler, pid, options, nowMs(), options.keyTimeoutMs);
+                waitIdle(sampler, pid, options, nowMs(), options.keyTimeoutMs, trace);
             const double keyMs = nowMs();
             run("xdotool key --delay 0 " + options.keys + " 2>/dev/null");
             const std::optional<Idle> answered =
-                waitIdle(sampler, pid, options, keyMs, options.keyTimeoutMs);
+                waitIdle(sampler, pid, options, keyMs, options.keyTimeoutMs, trace);
             if (!focused)
                 std::printf(" key=busy");
             else if (!answered)
