@@ -1,5 +1,7 @@
 #include "ccommon.h"
 
+#include "languages.h"
+
 namespace koru::sedgui {
 
 CCommon *CCommon::Instance()
@@ -10,7 +12,7 @@ CCommon *CCommon::Instance()
 
 QString CCommon::getSupportFileDesc() const
 {
-    return QStringLiteral("All Files (*)");
+    return Languages::fileFilter();
 }
 
 } // namespace koru::sedgui

@@ -1,20 +1,148 @@
 #include "sedgui.h"
 
+#include "connection.h"
+#include "documentstate.h"
+#include "editorsettings.h"
+#include "infobar.h"
 #include "templatetree.h"
+#include "toolargs.h"
+#include "userprompt.h"
 
+#include <QApplication>
+#include <QClipboard>
+#include <QDir>
+#include <QFileInfo>
+#include <QFontDatabase>
+#include <QSet>
 #include <QVBoxLayout>
 
 #include <Qsci/qsciscintilla.h>
 
 namespace koru::sedgui {
 
+namespace {
+
+// The lowest "Untitled N" number no open document uses.
+int freeUntitledNumber()
+{
+    QSet<int> used;
+    for (const SedGUI *document : TemplateTree::Instance()->documents()) {
+        const QString tab = document->getTabText();
+        if (tab.startsWith(QLatin1String("Untitled ")))
+            used.insert(tab.mid(9).remove(QLatin1Char('*')).toInt());
+    }
+    int number = 1;
+    while (used.contains(number))
+        ++number;
+    return number;
+}
+
+} // namespace
+
 SedGUI::SedGUI(QWidget *parent)
     : HubGUITool(parent)
     , m_editor(new QsciScintilla(this))
+    , m_infoBar(new InfoBar(this))
+    , m_doc(std::make_unique<DocumentState>())
 {
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_editor);
+    layout->setSpacing(0);
+    layout->addWidget(m_infoBar);
+    layout->addWidget(m_editor, 1);
+    setFocusProxy(m_editor);
+
+    m_doc->untitledNumber = freeUntitledNumber();
+    const EditorSettings::Values settings = EditorSettings::load();
+    m_doc->format.encoding = settings.defaultEncoding;
+    m_doc->format.lineEnding = settings.defaultLineEnding;
+
+    // The buffer holds UTF-8 bytes whatever the file's encoding (the codec
+    // converts on load and save); invalid bytes and NULs are kept as they are.
+    m_editor->setUtf8(true);
+    m_editor->setEolMode(settings.defaultLineEnding == LineEnding::CRLF ? QsciScintilla::EolWindows
+                         : settings.defaultLineEnding == LineEnding::CR ? QsciScintilla::EolMac
+                                                                        : QsciScintilla::EolUnix);
+    // Defaults that hold until the stored settings are applied below.
+    m_editor->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    m_editor->setMarginLineNumbers(0, true);
+    m_editor->setMarginWidth(0, QStringLiteral("00000"));
+    m_editor->setCaretLineVisible(true);
+    m_editor->setBraceMatching(QsciScintilla::SloppyBraceMatch);
+    m_editor->setAutoIndent(true);
+    // Styling beyond the visible text happens while idle, so big files paint at once.
+    m_editor->SendScintilla(QsciScintillaBase::SCI_SETIDLESTYLING,
+                            QsciScintillaBase::SC_IDLESTYLING_AFTERVISIBLE);
+
+    connect(m_editor, &QsciScintilla::textChanged, this, [this] { emitEditState(false); });
+    connect(m_editor, &QsciScintilla::selectionChanged, this, [this] { emitEditState(false); });
+    connect(m_editor, &QsciScintilla::modificationChanged, this, [this] {
+        emitEditState(false);
+        updateTitle();
+    });
+    QClipboard *clipboard = QApplication::clipboard();
+    m_doc->clipboardHasText = !clipboard->text().isEmpty();
+    connect(clipboard, &QClipboard::dataChanged, this, [this, clipboard] {
+        m_doc->clipboardHasText = !clipboard->text().isEmpty();
+        emitEditState(false);
+    });
+    connect(m_infoBar, &InfoBar::actionTriggered, this, [this] {
+        m_infoBar->clearMessage();
+        handleExternalChange();
+    });
+
+    // Shared action -> tool.
+    static const struct
+    {
+        const char *action;
+        const char *slot;
+    } commands[] = {
+        {"SAVE", "1saveFile()"},
+        {"SAVE AS", "1saveFileAs()"},
+        {"PAGE SETUP", "1pageSetup()"},
+        {"PRINT PREVIEW", "1printPreview()"},
+        {"PRINT", "1print()"},
+        {"UNDO", "1undo()"},
+        {"REDO", "1redo()"},
+        {"CUT", "1cut()"},
+        {"COPY", "1copy()"},
+        {"PASTE", "1paste()"},
+        {"FIND", "1find()"},
+        {"FIND NEXT", "1findNext()"},
+        {"REPLACE", "1replace()"},
+        {"GO TO", "1goTo()"},
+        {"CLEAR", "1clear()"},
+        {"SELECT ALL", "1selectAll()"},
+    };
+    // Tool state -> shared action's enabled state.
+    static const struct
+    {
+        const char *signal;
+        const char *action;
+    } states[] = {
+        {"2sigModified(bool)", "SAVE"},
+        {"2sigAlwaysEnabled(bool)", "SAVE AS"},
+        {"2sigAlwaysEnabled(bool)", "PAGE SETUP"},
+        {"2sigAlwaysEnabled(bool)", "PRINT PREVIEW"},
+        {"2sigAlwaysEnabled(bool)", "PRINT"},
+        {"2sigUndoAvailable(bool)", "UNDO"},
+        {"2sigRedoAvailable(bool)", "REDO"},
+        {"2sigCutAvailable(bool)", "CUT"},
+        {"2sigCopyAvailable(bool)", "COPY"},
+        {"2sigPasteAvailable(bool)", "PASTE"},
+        {"2sigAlwaysEnabled(bool)", "FIND"},
+        {"2sigAlwaysEnabled(bool)", "FIND NEXT"},
+        {"2sigAlwaysEnabled(bool)", "REPLACE"},
+        {"2sigAlwaysEnabled(bool)", "GO TO"},
+        {"2sigCutAvailable(bool)", "CLEAR"},
+        {"2sigAlwaysEnabled(bool)", "SELECT ALL"},
+    };
+    for (const auto &command : commands)
+        m_connections.append(new Connection(command.action, "2triggered()", nullptr, command.slot));
+    for (const auto &state : states)
+        m_connections.append(
+            new Connection(nullptr, state.signal, state.action, "1setEnabled(bool)"));
+
     applySettings();
     TemplateTree::Instance()->addDocument(this);
 }
@@ -22,16 +150,187 @@ SedGUI::SedGUI(QWidget *parent)
 SedGUI::~SedGUI()
 {
     TemplateTree::Instance()->removeDocument(this);
+    qDeleteAll(m_connections);
 }
 
-bool SedGUI::handleExternalChange()
+QString SedGUI::getTitle() const
 {
-    return false;
+    const QString name = m_doc->filePath.isEmpty() ? getTabText() : m_doc->filePath;
+    if (m_doc->filePath.isEmpty())
+        return name;
+    return isModified() ? name + QLatin1Char('*') : name;
+}
+
+QString SedGUI::getTabText() const
+{
+    const QString name = m_doc->filePath.isEmpty() ? tr("Untitled %1").arg(m_doc->untitledNumber)
+                                                   : QFileInfo(m_doc->filePath).fileName();
+    return isModified() ? name + QLatin1Char('*') : name;
+}
+
+QString SedGUI::getFileName() const
+{
+    return m_doc->filePath;
+}
+
+QList<Connection *> *SedGUI::getConnectionList()
+{
+    return &m_connections;
+}
+
+void SedGUI::closeTool(bool force)
+{
+    if (m_doc->closing)
+        return;
+    if (!force && isModified()) {
+        UserPrompt::Question question;
+        question.icon = UserPrompt::Icon::Warning;
+        question.title = tr("Close Document");
+        question.text = tr("Save the changes to %1 before closing?")
+                            .arg(m_doc->filePath.isEmpty() ? getTabText().remove(QLatin1Char('*'))
+                                                           : m_doc->filePath);
+        question.buttons = {UserPrompt::Save, UserPrompt::Discard, UserPrompt::Cancel};
+        question.defaultButton = UserPrompt::Save;
+        question.escapeButton = UserPrompt::Cancel;
+        const UserPrompt::Button answer = UserPrompt::ask(this, question);
+        if (answer == UserPrompt::Cancel)
+            return;
+        if (answer == UserPrompt::Save && !save())
+            return;
+    }
+    m_doc->closing = true;
+    TemplateTree::Instance()->removeDocument(this);
+    emit sigToolClose(this);
+    deleteLater();
+}
+
+void SedGUI::activate()
+{
+    emitEditState(true);
+}
+
+void SedGUI::processArgs(QWidget *, QStringList args)
+{
+    const ToolArgs parsed = ToolArgs::parse(args, QDir::currentPath());
+    for (const ToolArgs::File &file : parsed.files) {
+        if (file.line > 0 && (parsed.files.size() == 1 || file.path == m_doc->filePath)) {
+            goToLine(file.line);
+            return;
+        }
+    }
+}
+
+bool SedGUI::isModified() const
+{
+    return m_doc->forcedModified || m_editor->isModified();
+}
+
+bool SedGUI::hasHugeLines() const
+{
+    return m_doc->hugeLines;
+}
+
+void SedGUI::goToLine(int line)
+{
+    if (!isVisible()) {
+        m_doc->pendingLine = line;
+    }
+    const int lines = m_editor->lines();
+    const int index = std::clamp(line, 1, std::max(lines, 1)) - 1;
+    m_editor->setCursorPosition(index, 0);
+    m_editor->SendScintilla(QsciScintillaBase::SCI_VERTICALCENTRECARET);
+}
+
+void SedGUI::showEvent(QShowEvent *event)
+{
+    HubGUITool::showEvent(event);
+    if (m_doc->pendingLine > 0) {
+        const int line = m_doc->pendingLine;
+        m_doc->pendingLine = 0;
+        goToLine(line);
+    }
 }
 
 QString SedGUI::selectedText() const
 {
     return m_editor->selectedText();
+}
+
+void SedGUI::undo()
+{
+    m_editor->undo();
+}
+
+void SedGUI::redo()
+{
+    m_editor->redo();
+}
+
+void SedGUI::cut()
+{
+    m_editor->cut();
+}
+
+void SedGUI::copy()
+{
+    m_editor->copy();
+}
+
+void SedGUI::paste()
+{
+    m_editor->paste();
+}
+
+void SedGUI::clear()
+{
+    m_editor->removeSelectedText();
+}
+
+void SedGUI::selectAll()
+{
+    m_editor->selectAll(true);
+}
+
+void SedGUI::emitEditState(bool force)
+{
+    DocumentState::EditState state;
+    state.undo = m_editor->isUndoAvailable();
+    state.redo = m_editor->isRedoAvailable();
+    state.copy = m_editor->hasSelectedText();
+    state.cut = state.copy && !m_editor->isReadOnly();
+    state.paste = m_doc->clipboardHasText && !m_editor->isReadOnly();
+    state.modified = isModified();
+
+    const DocumentState::EditState shown = m_doc->shown;
+    m_doc->shown = state;
+    if (force || state.undo != shown.undo)
+        emit sigUndoAvailable(state.undo);
+    if (force || state.redo != shown.redo)
+        emit sigRedoAvailable(state.redo);
+    if (force || state.cut != shown.cut)
+        emit sigCutAvailable(state.cut);
+    if (force || state.copy != shown.copy)
+        emit sigCopyAvailable(state.copy);
+    if (force || state.paste != shown.paste)
+        emit sigPasteAvailable(state.paste);
+    if (force || state.modified != shown.modified)
+        emit sigModified(state.modified);
+    if (force)
+        emit sigAlwaysEnabled(true);
+}
+
+void SedGUI::updateTitle()
+{
+    emit sigTitleChange(this);
+}
+
+void SedGUI::setForcedModified(bool modified)
+{
+    if (m_doc->forcedModified == modified)
+        return;
+    m_doc->forcedModified = modified;
+    emitEditState(false);
+    updateTitle();
 }
 
 } // namespace koru::sedgui

@@ -2,7 +2,24 @@
 
 #include "sedgui.h"
 
+#include <QDir>
+#include <QFileInfo>
+#include <QFileSystemWatcher>
+
 namespace koru::sedgui {
+
+namespace {
+
+// Two names of the same file compare equal: symlinks and "..", resolved
+// where the file exists.
+QString fileKey(const QString &path)
+{
+    const QFileInfo info(path);
+    const QString canonical = info.canonicalFilePath();
+    return canonical.isEmpty() ? QDir::cleanPath(info.absoluteFilePath()) : canonical;
+}
+
+} // namespace
 
 TemplateTree::TemplateTree() = default;
 
@@ -14,13 +31,21 @@ TemplateTree *TemplateTree::Instance()
 
 QWidget *TemplateTree::checkFileChanged()
 {
+    // A prompt runs an event loop in which the window is activated again.
+    if (m_checking)
+        return nullptr;
+    m_checking = true;
+    QWidget *changed = nullptr;
     // Copy: dealing with the user may close or open documents.
     const QList<SedGUI *> documents = m_documents;
     for (SedGUI *document : documents) {
-        if (m_documents.contains(document) && document->handleExternalChange())
-            return document;
+        if (m_documents.contains(document) && document->handleExternalChange()) {
+            changed = document;
+            break;
+        }
     }
-    return nullptr;
+    m_checking = false;
+    return changed;
 }
 
 void TemplateTree::addDocument(SedGUI *document)
@@ -32,6 +57,65 @@ void TemplateTree::addDocument(SedGUI *document)
 void TemplateTree::removeDocument(SedGUI *document)
 {
     m_documents.removeAll(document);
+    dropUnusedWatches();
+}
+
+SedGUI *TemplateTree::findDocument(const QString &path) const
+{
+    if (path.isEmpty())
+        return nullptr;
+    const QString key = fileKey(path);
+    for (SedGUI *document : m_documents) {
+        const QString fileName = document->getFileName();
+        if (!fileName.isEmpty() && fileKey(fileName) == key)
+            return document;
+    }
+    return nullptr;
+}
+
+void TemplateTree::watchFile(const QString &path)
+{
+    if (path.isEmpty())
+        return;
+    if (!m_watcher) {
+        m_watcher = new QFileSystemWatcher(this);
+        connect(m_watcher, &QFileSystemWatcher::fileChanged, this, &TemplateTree::onFileChanged);
+    }
+    if (m_watcher->files().contains(path))
+        m_watcher->removePath(path);
+    if (QFileInfo::exists(path))
+        m_watcher->addPath(path);
+    dropUnusedWatches();
+}
+
+QStringList TemplateTree::watchedFiles() const
+{
+    return m_watcher ? m_watcher->files() : QStringList();
+}
+
+void TemplateTree::onFileChanged(const QString &path)
+{
+    watchFile(path);
+    const QString key = fileKey(path);
+    for (SedGUI *document : std::as_const(m_documents)) {
+        if (!document->getFileName().isEmpty() && fileKey(document->getFileName()) == key)
+            document->noteDiskChange();
+    }
+}
+
+void TemplateTree::dropUnusedWatches()
+{
+    if (!m_watcher)
+        return;
+    const QStringList watched = m_watcher->files();
+    for (const QString &path : watched) {
+        const bool used =
+            std::any_of(m_documents.cbegin(), m_documents.cend(), [&path](const SedGUI *document) {
+                return document->getFileName() == path;
+            });
+        if (!used)
+            m_watcher->removePath(path);
+    }
 }
 
 } // namespace koru::sedgui

@@ -1,0 +1,464 @@
+#include "documentstate.h"
+#include "editorsettings.h"
+#include "filereader.h"
+#include "infobar.h"
+#include "languages.h"
+#include "safesaver.h"
+#include "sedgui.h"
+#include "templatetree.h"
+#include "textfilecodec.h"
+#include "userprompt.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <Qsci/qscilexer.h>
+#include <Qsci/qsciscintilla.h>
+
+#include <cstring>
+
+namespace koru::sedgui {
+
+namespace {
+
+// Above this many bytes on one line, colouring and wrapping would make the
+// editor freeze on layout; such documents are shown plain.
+constexpr qsizetype HugeLineBytes = 100 * 1024;
+
+bool hasHugeLine(const QByteArray &text)
+{
+    if (text.size() <= HugeLineBytes)
+        return false;
+    const char *data = text.constData();
+    const char *end = data + text.size();
+    const char *lineStart = data;
+    while (lineStart < end) {
+        const auto *newline = static_cast<const char *>(
+            std::memchr(lineStart, '\n', static_cast<size_t>(end - lineStart)));
+        const char *lineEnd = newline ? newline : end;
+        if (lineEnd - lineStart > HugeLineBytes)
+            return true;
+        lineStart = lineEnd + 1;
+    }
+    return false;
+}
+
+QByteArray firstLineOf(const QByteArray &text)
+{
+    const qsizetype newline = text.indexOf('\n');
+    return text.left(newline < 0 ? std::min<qsizetype>(text.size(), 256) : newline);
+}
+
+QsciScintilla::EolMode eolMode(LineEnding ending)
+{
+    switch (ending) {
+    case LineEnding::CRLF:
+        return QsciScintilla::EolWindows;
+    case LineEnding::CR:
+        return QsciScintilla::EolMac;
+    case LineEnding::LF:
+        break;
+    }
+    return QsciScintilla::EolUnix;
+}
+
+QString displayName(const QString &path)
+{
+    return QDir::toNativeSeparators(path);
+}
+
+} // namespace
+
+bool SedGUI::openFile(const QString &path, QString *error)
+{
+    const QString absolute = QDir::cleanPath(QFileInfo(path).absoluteFilePath());
+    const QFileInfo info(absolute);
+    if (!info.exists() && !info.isSymLink()) {
+        // A new file: nothing exists on disk until the user saves.
+        m_doc->filePath = absolute;
+        m_doc->untitledNumber = 0;
+        m_doc->diskIdentity = FileIdentity();
+        if (!m_doc->languageChosen)
+            applyLanguage(Languages::detect(absolute, {}));
+        m_infoBar->showMessage(tr("%1 does not exist yet; it will be created when you save.")
+                                   .arg(displayName(absolute)));
+        m_doc->diskNoticeShown = true;
+        TemplateTree::Instance()->watchFile(absolute);
+        updateTitle();
+        emitEditState(true);
+        return true;
+    }
+
+    // Taken before reading: a change during the read shows up as a difference later.
+    const FileIdentity identity = FileIdentity::of(absolute);
+    QByteArray bytes;
+    QString readError;
+    if (!FileReader::read(absolute, &bytes, &readError)) {
+        if (error)
+            *error = readError;
+        return false;
+    }
+    m_doc->filePath = absolute;
+    m_doc->untitledNumber = 0;
+    m_doc->diskIdentity = identity;
+    loadBytes(bytes, false);
+    TemplateTree::Instance()->watchFile(absolute);
+    updateTitle();
+    emitEditState(true);
+    return true;
+}
+
+void SedGUI::loadBytes(const QByteArray &bytes, bool keepUndo)
+{
+    const DecodedText decoded = TextFileCodec::decode(bytes);
+    m_doc->format = decoded.format;
+    applyDecoded(decoded.utf8, keepUndo);
+
+    QStringList notices;
+    if (!decoded.notice.isEmpty())
+        notices.append(decoded.notice);
+    if (m_doc->hugeLines)
+        notices.append(tr("This file has very long lines: syntax colouring and line wrapping "
+                          "are off to keep editing responsive."));
+    m_doc->diskNoticeShown = false;
+    if (notices.isEmpty())
+        m_infoBar->clearMessage();
+    else
+        m_infoBar->showMessage(notices.join(QLatin1Char(' ')));
+}
+
+void SedGUI::applyDecoded(const QByteArray &utf8, bool keepUndo)
+{
+    const bool huge = hasHugeLine(utf8);
+    setHugeLines(huge);
+    m_editor->setEolMode(eolMode(m_doc->format.lineEnding));
+
+    const auto length = static_cast<unsigned long>(utf8.size());
+    if (keepUndo && !huge) {
+        // One undo step: the user can take the reload back.
+        m_editor->SendScintilla(QsciScintillaBase::SCI_BEGINUNDOACTION);
+        m_editor->SendScintilla(QsciScintillaBase::SCI_SETTARGETRANGE, 0UL,
+                                m_editor->SendScintilla(QsciScintillaBase::SCI_GETLENGTH));
+        m_editor->SendScintilla(QsciScintillaBase::SCI_REPLACETARGET, length, utf8.constData());
+        m_editor->SendScintilla(QsciScintillaBase::SCI_ENDUNDOACTION);
+    } else {
+        m_editor->SendScintilla(QsciScintillaBase::SCI_SETUNDOCOLLECTION, 0UL);
+        m_editor->SendScintilla(QsciScintillaBase::SCI_CLEARALL);
+        m_editor->SendScintilla(QsciScintillaBase::SCI_ALLOCATE, length + 1);
+        // By length: NUL bytes and invalid UTF-8 survive.
+        m_editor->SendScintilla(QsciScintillaBase::SCI_APPENDTEXT, length, utf8.constData());
+        m_editor->SendScintilla(QsciScintillaBase::SCI_SETUNDOCOLLECTION, 1UL);
+        m_editor->SendScintilla(QsciScintillaBase::SCI_EMPTYUNDOBUFFER);
+        m_editor->SendScintilla(QsciScintillaBase::SCI_GOTOPOS, 0UL);
+    }
+    m_editor->SendScintilla(QsciScintillaBase::SCI_SETSAVEPOINT);
+    m_doc->forcedModified = false;
+
+    if (!m_doc->languageChosen)
+        applyLanguage(huge ? QString() : Languages::detect(m_doc->filePath, firstLineOf(utf8)));
+    emitEditState(false);
+    updateTitle();
+}
+
+void SedGUI::setHugeLines(bool huge)
+{
+    m_doc->hugeLines = huge;
+    if (huge) {
+        m_editor->setLexer(nullptr);
+        m_editor->setWrapMode(QsciScintilla::WrapNone);
+        m_editor->setBraceMatching(QsciScintilla::NoBraceMatch);
+        m_editor->SendScintilla(QsciScintillaBase::SCI_SETLAYOUTCACHE,
+                                QsciScintillaBase::SC_CACHE_CARET);
+    }
+}
+
+QString SedGUI::languageName() const
+{
+    return m_doc->language;
+}
+
+void SedGUI::setLanguage(const QString &name)
+{
+    m_doc->languageChosen = true;
+    applyLanguage(name);
+}
+
+void SedGUI::applyLanguage(const QString &name)
+{
+    const QString language = m_doc->hugeLines ? QString() : name;
+    if (language == m_doc->language && (m_editor->lexer() != nullptr) == !language.isEmpty())
+        return;
+    QsciLexer *old = m_editor->lexer();
+    QsciLexer *lexer = Languages::createLexer(language, m_editor);
+    if (lexer) {
+        const QFont font = m_editor->font();
+        lexer->setDefaultFont(font);
+        lexer->setFont(font);
+    }
+    m_editor->setLexer(lexer);
+    // setLexer(nullptr) forgets the widget's own font; give it back.
+    if (!lexer && old)
+        m_editor->setFont(old->defaultFont());
+    delete old;
+    m_doc->language = lexer ? language : QString();
+}
+
+bool SedGUI::save()
+{
+    if (m_doc->filePath.isEmpty())
+        return saveAs();
+    const QString &path = m_doc->filePath;
+    const FileIdentity now = FileIdentity::of(path);
+    if (now.exists && now != m_doc->diskIdentity) {
+        UserPrompt::Question question;
+        question.icon = UserPrompt::Icon::Warning;
+        question.title = tr("Save");
+        question.text = tr("%1 has changed on disk since it was loaded or saved.\n\n"
+                           "Overwrite it with your text?")
+                            .arg(displayName(path));
+        question.buttons = {UserPrompt::Overwrite, UserPrompt::Cancel};
+        question.defaultButton = UserPrompt::Cancel;
+        question.escapeButton = UserPrompt::Cancel;
+        if (UserPrompt::ask(this, question) != UserPrompt::Overwrite)
+            return false;
+    }
+    return saveTo(path);
+}
+
+bool SedGUI::saveAs()
+{
+    QString suggested = m_doc->filePath;
+    if (suggested.isEmpty())
+        suggested = QDir::current().absoluteFilePath(getTabText().remove(QLatin1Char('*')));
+    const QString chosen = UserPrompt::askSaveFileName(this, suggested, Languages::fileFilter());
+    if (chosen.isEmpty())
+        return false;
+    const QString path = QDir::cleanPath(QFileInfo(chosen).absoluteFilePath());
+    SedGUI *holder = TemplateTree::Instance()->findDocument(path);
+    if (holder && holder != this) {
+        UserPrompt::tell(this, UserPrompt::Icon::Warning, tr("Save As"),
+                         tr("Cannot save as %1: it is open in another tab. Close that tab first.")
+                             .arg(displayName(path)));
+        return false;
+    }
+    return saveTo(path);
+}
+
+bool SedGUI::saveTo(const QString &path)
+{
+    if (!writeFile(path))
+        return false;
+    const bool renamed = path != m_doc->filePath;
+    m_doc->filePath = path;
+    m_doc->untitledNumber = 0;
+    m_doc->diskIdentity = FileIdentity::of(path);
+    m_editor->SendScintilla(QsciScintillaBase::SCI_SETSAVEPOINT);
+    m_doc->forcedModified = false;
+    if (renamed && !m_doc->languageChosen && !m_doc->hugeLines) {
+        const QString firstLine = m_editor->text(0);
+        applyLanguage(Languages::detect(path, firstLine.toUtf8()));
+    }
+    if (m_doc->diskNoticeShown) {
+        m_infoBar->clearMessage();
+        m_doc->diskNoticeShown = false;
+    }
+    // Our own save replaced the inode the old watch was on.
+    TemplateTree::Instance()->watchFile(path);
+    emitEditState(false);
+    updateTitle();
+    emit sigFileSaved(path);
+    return true;
+}
+
+bool SedGUI::writeFile(const QString &path)
+{
+    prepareForSave();
+    const auto length =
+        static_cast<qsizetype>(m_editor->SendScintilla(QsciScintillaBase::SCI_GETLENGTH));
+    const auto *data = static_cast<const char *>(
+        m_editor->SendScintillaPtrResult(QsciScintillaBase::SCI_GETCHARACTERPOINTER));
+    // No copy of the buffer: it does not change while this function runs.
+    const QByteArray utf8 = QByteArray::fromRawData(data, length);
+
+    TextFormat format = m_doc->format;
+    QByteArray bytes;
+    QString error;
+    if (!TextFileCodec::encode(utf8, format, &bytes, &error)) {
+        UserPrompt::Question question;
+        question.icon = UserPrompt::Icon::Warning;
+        question.title = tr("Save");
+        question.text = tr("Cannot save %1 in %2: %3\n\nSave it in UTF-8 instead?")
+                            .arg(displayName(path), QString::fromLatin1(format.encoding), error);
+        question.buttons = {UserPrompt::SaveAsUtf8, UserPrompt::Cancel};
+        question.defaultButton = UserPrompt::Cancel;
+        question.escapeButton = UserPrompt::Cancel;
+        if (UserPrompt::ask(this, question) != UserPrompt::SaveAsUtf8)
+            return false;
+        format.encoding = "UTF-8";
+        format.bom = false;
+        if (!TextFileCodec::encode(utf8, format, &bytes, &error)) {
+            UserPrompt::tell(this, UserPrompt::Icon::Critical, tr("Save"), error);
+            return false;
+        }
+    }
+    if (!SafeSaver::save(path, bytes, &error)) {
+        UserPrompt::tell(this, UserPrompt::Icon::Critical, tr("Save"), error);
+        return false;
+    }
+    m_doc->format = format;
+    return true;
+}
+
+void SedGUI::saveFile()
+{
+    save();
+}
+
+void SedGUI::saveFileAs()
+{
+    saveAs();
+}
+
+TextFormat SedGUI::textFormat() const
+{
+    return m_doc->format;
+}
+
+void SedGUI::setTextFormat(const TextFormat &format)
+{
+    if (format == m_doc->format)
+        return;
+    if (format.lineEnding != m_doc->format.lineEnding) {
+        m_editor->setEolMode(eolMode(format.lineEnding));
+        m_editor->convertEols(eolMode(format.lineEnding));
+    }
+    m_doc->format = format;
+    setForcedModified(true);
+}
+
+bool SedGUI::reloadWithEncoding(const QByteArray &encoding)
+{
+    if (m_doc->filePath.isEmpty())
+        return false;
+    const QString &path = m_doc->filePath;
+    if (isModified()) {
+        UserPrompt::Question question;
+        question.icon = UserPrompt::Icon::Warning;
+        question.title = tr("Reopen");
+        question.text = tr("Reopening %1 with another encoding replaces your unsaved changes "
+                           "(Undo brings them back).\n\nReopen it?")
+                            .arg(displayName(path));
+        question.buttons = {UserPrompt::Reload, UserPrompt::Cancel};
+        question.defaultButton = UserPrompt::Cancel;
+        question.escapeButton = UserPrompt::Cancel;
+        if (UserPrompt::ask(this, question) != UserPrompt::Reload)
+            return false;
+    }
+    const FileIdentity identity = FileIdentity::of(path);
+    QByteArray bytes;
+    QString error;
+    DecodedText decoded;
+    if (!FileReader::read(path, &bytes, &error) ||
+        !TextFileCodec::decodeAs(bytes, encoding, &decoded, &error)) {
+        UserPrompt::tell(this, UserPrompt::Icon::Warning, tr("Reopen"), error);
+        return false;
+    }
+    m_doc->format = decoded.format;
+    m_doc->diskIdentity = identity;
+    applyDecoded(decoded.utf8, true);
+    if (decoded.notice.isEmpty())
+        m_infoBar->clearMessage();
+    else
+        m_infoBar->showMessage(decoded.notice);
+    return true;
+}
+
+bool SedGUI::reloadFromDisk()
+{
+    const QString &path = m_doc->filePath;
+    const FileIdentity identity = FileIdentity::of(path);
+    QByteArray bytes;
+    QString error;
+    if (!FileReader::read(path, &bytes, &error)) {
+        UserPrompt::tell(this, UserPrompt::Icon::Warning, tr("Reload"), error);
+        return false;
+    }
+    int line = 0;
+    int index = 0;
+    m_editor->getCursorPosition(&line, &index);
+    const int firstVisible = m_editor->firstVisibleLine();
+    m_doc->diskIdentity = identity;
+    loadBytes(bytes, true);
+    m_editor->setCursorPosition(std::min(line, std::max(m_editor->lines() - 1, 0)), 0);
+    m_editor->setFirstVisibleLine(firstVisible);
+    return true;
+}
+
+bool SedGUI::handleExternalChange()
+{
+    if (m_doc->filePath.isEmpty() || m_doc->closing)
+        return false;
+    const QString path = m_doc->filePath;
+    const FileIdentity now = FileIdentity::of(path);
+    if (now == m_doc->diskIdentity)
+        return false;
+    const FileIdentity before = m_doc->diskIdentity;
+    // Recorded before asking: this on-disk state is never asked about again.
+    m_doc->diskIdentity = now;
+
+    if (!now.exists) {
+        setForcedModified(true);
+        m_infoBar->showMessage(tr("%1 was deleted or moved on disk. Your text is kept; saving "
+                                  "writes it there again.")
+                                   .arg(displayName(path)));
+        m_doc->diskNoticeShown = true;
+        return true;
+    }
+
+    const bool modified = isModified();
+    if (!modified && before.exists && EditorSettings::load().reloadUnmodifiedSilently) {
+        reloadFromDisk();
+        return true;
+    }
+
+    UserPrompt::Question question;
+    question.icon = UserPrompt::Icon::Question;
+    question.title = tr("File Changed on Disk");
+    if (modified)
+        question.text = tr("%1 has changed on disk, and you have unsaved changes.\n\n"
+                           "Keep your text (saving will overwrite the file), or reload the "
+                           "file from disk (Undo brings your text back)?")
+                            .arg(displayName(path));
+    else
+        question.text = tr("%1 has changed on disk.\n\nReload it?").arg(displayName(path));
+    question.buttons = {UserPrompt::Keep, UserPrompt::Reload};
+    // Neither the default nor Escape loses the user's text.
+    question.defaultButton = modified ? UserPrompt::Keep : UserPrompt::Reload;
+    question.escapeButton = UserPrompt::Keep;
+    const UserPrompt::Button answer = UserPrompt::ask(this, question);
+    if (answer == UserPrompt::Reload) {
+        if (!reloadFromDisk())
+            setForcedModified(true);
+    } else {
+        // The buffer no longer matches the file: saving it is a change.
+        setForcedModified(true);
+        m_infoBar->showMessage(
+            tr("%1 has changed on disk; you kept your text.").arg(displayName(path)));
+        m_doc->diskNoticeShown = true;
+    }
+    TemplateTree::Instance()->watchFile(path);
+    return true;
+}
+
+void SedGUI::noteDiskChange()
+{
+    if (m_doc->filePath.isEmpty() || m_doc->closing)
+        return;
+    if (FileIdentity::of(m_doc->filePath) == m_doc->diskIdentity)
+        return;
+    m_infoBar->showMessage(tr("%1 has changed on disk.").arg(displayName(m_doc->filePath)),
+                           tr("Review"));
+    m_doc->diskNoticeShown = true;
+}
+
+} // namespace koru::sedgui

@@ -1,0 +1,91 @@
+#include "toolargs.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QUrl>
+
+namespace koru::sedgui {
+
+namespace {
+
+// A line number as the user wrote it; 0 when it is not one.
+int lineNumber(const QString &text)
+{
+    bool ok = false;
+    const int line = text.toInt(&ok);
+    return ok && line > 0 ? line : 0;
+}
+
+QString absolutePath(const QString &argument, const QDir &workingDir)
+{
+    QString path = argument;
+    if (path.startsWith(QLatin1String("file://")))
+        path = QUrl(path).toLocalFile();
+    return QDir::cleanPath(workingDir.absoluteFilePath(path));
+}
+
+} // namespace
+
+ToolArgs ToolArgs::parse(const QStringList &args, const QString &workingDir)
+{
+    static const QRegularExpression pathWithLine(QStringLiteral("^(.+):(\\d+)(?::\\d+)?:?$"));
+    const QDir dir(workingDir);
+    ToolArgs result;
+    int pendingLine = 0;
+    bool onlyPaths = false;
+
+    for (int i = 0; i < args.size(); ++i) {
+        const QString &argument = args.at(i);
+        if (argument.isEmpty())
+            continue;
+        if (!onlyPaths) {
+            if (argument == QLatin1String("--")) {
+                onlyPaths = true;
+                continue;
+            }
+            if (argument == QLatin1String("-line")) {
+                // Applies to the file before it, as the shell's open-at-line list puts it.
+                const QString value = i + 1 < args.size() ? args.at(i + 1) : QString();
+                const int line = lineNumber(value);
+                if (line > 0 && !result.files.isEmpty()) {
+                    result.files.last().line = line;
+                    ++i;
+                } else {
+                    result.ignored.append(argument);
+                    if (i + 1 < args.size() && lineNumber(value) > 0)
+                        ++i;
+                }
+                continue;
+            }
+            if (argument.startsWith(QLatin1Char('+')) && argument.size() > 1) {
+                const int line = lineNumber(argument.mid(1));
+                if (line > 0) {
+                    pendingLine = line;
+                    continue;
+                }
+            }
+            if (argument.startsWith(QLatin1Char('-')) && argument.size() > 1) {
+                result.ignored.append(argument);
+                continue;
+            }
+        }
+
+        File file;
+        file.path = absolutePath(argument, dir);
+        file.line = pendingLine;
+        pendingLine = 0;
+        // "path:N" from compiler output, unless a file really has that name.
+        if (!QFileInfo::exists(file.path)) {
+            const QRegularExpressionMatch match = pathWithLine.match(argument);
+            if (match.hasMatch()) {
+                file.path = absolutePath(match.captured(1), dir);
+                file.line = lineNumber(match.captured(2));
+            }
+        }
+        result.files.append(file);
+    }
+    return result;
+}
+
+} // namespace koru::sedgui
