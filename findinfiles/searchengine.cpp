@@ -16,10 +16,10 @@
 namespace {
 
 // A batch is handed over when it holds this many hits or is this old.
-constexpr int BatchHits = 1000;
+constexpr int BatchHits = 250;
 constexpr auto BatchAge = std::chrono::milliseconds(40);
 // Batches waiting for the GUI before the worker waits in turn.
-constexpr size_t MaxPendingBatches = 8;
+constexpr size_t MaxPendingBatches = 32;
 // Time one turn of the event loop spends handing batches on.
 constexpr qint64 DeliverySliceMs = 12;
 constexpr int ProgressIntervalMs = 100;
@@ -41,7 +41,8 @@ struct SearchEngine::Run
     const SearchOptions options;
     std::atomic<bool> cancel{false};
     std::atomic<qint64> filesSearched{0};
-    std::atomic<qint64> hitsFound{0};
+    std::atomic<qint64> filesWithHits{0};
+    std::atomic<qint64> hitsNotShown{0};
 
     std::mutex mutex;
     std::condition_variable roomFreed;
@@ -106,7 +107,9 @@ void SearchEngine::stop()
     }
     summary.cancelled = true;
     summary.filesSearched = run->filesSearched;
-    summary.hits = run->hitsDelivered;
+    summary.filesWithHits = run->filesWithHits;
+    summary.hitsNotShown = run->hitsNotShown;
+    summary.hits = run->hitsDelivered + summary.hitsNotShown;
     emit finished(summary);
 }
 
@@ -165,7 +168,15 @@ void SearchEngine::runSearch(const std::shared_ptr<Run> &run)
                     if (!hits.isEmpty()) {
                         const QString file = QFile::decodeName(path);
                         ++summary.filesWithHits;
+                        ++run->filesWithHits;
                         for (const TextMatcher::LineHit &hit : std::as_const(hits)) {
+                            if (summary.hits >= run->options.maxHitLines) {
+                                ++summary.hitsNotShown;
+                                ++run->hitsNotShown;
+                                ++summary.hits;
+                                continue;
+                            }
+                            ++summary.hits;
                             if (batch.count > 0)
                                 batch.lines += QLatin1Char('\n');
                             batch.lines +=
@@ -177,8 +188,6 @@ void SearchEngine::runSearch(const std::shared_ptr<Run> &run)
                                     return false;
                             }
                         }
-                        run->hitsFound += hits.size();
-                        summary.hits += hits.size();
                     }
                 }
                 const auto now = std::chrono::steady_clock::now();
@@ -256,5 +265,5 @@ void SearchEngine::finish(const std::shared_ptr<Run> &run)
 void SearchEngine::reportProgress()
 {
     if (m_run)
-        emit progress(m_run->filesSearched, m_run->hitsDelivered);
+        emit progress(m_run->filesSearched, m_run->hitsDelivered + m_run->hitsNotShown);
 }

@@ -19,6 +19,11 @@ struct SearchOptions
     QStringList excludeGlobs = defaultExcludeGlobs();
     bool includeHidden = false;
 
+    // Hits beyond this many are counted but not written out: a pane of a few
+    // hundred thousand lines is already more than anyone reads, and each line
+    // shown costs the window memory and time.
+    qint64 maxHitLines = 200000;
+
     // Version-control and build folders, which hold copies or generated files.
     static QStringList defaultExcludeGlobs()
     {

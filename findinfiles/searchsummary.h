@@ -8,6 +8,8 @@ struct SearchSummary
     qint64 filesSearched = 0;
     qint64 filesWithHits = 0;
     qint64 hits = 0;
+    // Hits counted but not written out, beyond SearchOptions::maxHitLines.
+    qint64 hitsNotShown = 0;
     qint64 binaryFilesSkipped = 0;
     // Files and folders that could not be opened or read.
     qint64 unreadable = 0;

@@ -59,15 +59,14 @@ void TestHitFormatter::hitLineReadsBackToItsFileAndLine()
     QFETCH(QString, text);
 
     const QString hit = HitFormatter::hitLine(file, line, text, 0);
-    QVERIFY2(!hit.contains(QLatin1Char('\n')) && !hit.contains(QLatin1Char('\r')),
-             qPrintable(hit));
+    QVERIFY2(!hit.contains(QLatin1Char('\n')) && !hit.contains(QLatin1Char('\r')), qPrintable(hit));
     QCOMPARE(openedByThePane(hit), std::make_pair(file, line));
 }
 
 void TestHitFormatter::longLineKeepsTheMatchInView()
 {
-    const QString text = QString(5000, QLatin1Char('y')) + QStringLiteral(" needle ")
-                         + QString(5000, QLatin1Char('z'));
+    const QString text = QString(5000, QLatin1Char('y')) + QStringLiteral(" needle ") +
+                         QString(5000, QLatin1Char('z'));
     const QString shown = HitFormatter::displayText(text, 5001);
     QVERIFY(shown.size() <= HitFormatter::MaxTextLength + 2);
     QVERIFY(shown.contains(QLatin1String("needle")));

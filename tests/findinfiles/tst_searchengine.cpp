@@ -90,6 +90,7 @@ private slots:
     void aSecondSearchReplacesTheFirst();
     void destroyingARunningEngineLeavesNoThread();
     void invalidRegexEndsWithAnError();
+    void hitsBeyondTheLimitAreCountedNotShown();
     void unreadableFileIsSkippedAndCounted();
 };
 
@@ -213,6 +214,24 @@ void TestSearchEngine::invalidRegexEndsWithAnError()
     QTRY_COMPARE(collected.summaries.size(), 1);
     QVERIFY(!collected.summaries.first().error.isEmpty());
     QCOMPARE(collected.summaries.first().filesSearched, 0);
+}
+
+void TestSearchEngine::hitsBeyondTheLimitAreCountedNotShown()
+{
+    QTemporaryDir dir;
+    writeFile(dir.filePath(QStringLiteral("a.txt")), "needle\nneedle\n");
+    writeFile(dir.filePath(QStringLiteral("b.txt")), "needle\nneedle\nneedle\n");
+    SearchEngine engine;
+    Collected collected;
+    collect(engine, collected);
+    SearchOptions options = optionsFor(dir.path(), QStringLiteral("needle"));
+    options.maxHitLines = 3;
+    engine.start(options);
+    QTRY_COMPARE(collected.summaries.size(), 1);
+    QCOMPARE(collected.lines.size(), 3);
+    QCOMPARE(collected.summaries.first().hits, 5);
+    QCOMPARE(collected.summaries.first().hitsNotShown, 2);
+    QCOMPARE(collected.summaries.first().filesWithHits, 2);
 }
 
 void TestSearchEngine::unreadableFileIsSkippedAndCounted()

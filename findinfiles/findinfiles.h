@@ -1,0 +1,58 @@
+#pragma once
+
+#include "findinfilesdialog.h"
+#include "resultwindow.h"
+#include "searchoptions.h"
+#include "searchsummary.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QString>
+
+class QAction;
+class QDockWidget;
+class QMainWindow;
+class SearchEngine;
+
+// Attaches Find in Files to a main window: the action opens the dialog, the
+// search streams its hits into a result pane in a dock at the bottom (made on
+// first use), the status bar shows progress and the outcome. A double-clicked
+// hit goes to the window's onOpenFile(QString,int) slot, connected by its
+// signature so that nothing here depends on the window's class. Owned by the
+// window.
+class FindInFiles : public QObject
+{
+    Q_OBJECT
+
+public:
+    FindInFiles(QMainWindow *window, QAction *findInFilesAction);
+    ~FindInFiles() override;
+
+    void showDialog();
+    void startSearch(const SearchOptions &options);
+    void stopSearch();
+
+    FindInFilesDialog *dialog() const { return m_dialog; }
+    ResultWindow *resultWindow() const { return m_results; }
+    SearchEngine *engine() const { return m_engine; }
+
+    // The pane's first line for a search.
+    static QString headingFor(const SearchOptions &options);
+    // The outcome, as the status bar and the pane's last line say it.
+    static QString summaryText(const SearchSummary &summary);
+
+private:
+    void ensureResultWindow();
+    QString frontToolSelection() const;
+    void showHits(const QString &lines);
+    void showProgress(qint64 filesSearched, qint64 hits);
+    void searchFinished(const SearchSummary &summary);
+    void showStatus(const QString &text, int timeoutMs = 0);
+
+    QMainWindow *m_window = nullptr;
+    SearchEngine *m_engine = nullptr;
+    QPointer<FindInFilesDialog> m_dialog;
+    QPointer<QDockWidget> m_dock;
+    QPointer<ResultWindow> m_results;
+    QString m_lastWorkingFolder;
+};

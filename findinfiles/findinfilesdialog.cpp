@@ -1,0 +1,219 @@
+#include "findinfilesdialog.h"
+
+#include "baseusrsettings.h"
+#include "findinfilessettings.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace Keys = FindInFilesSettings;
+
+namespace {
+
+QString globText(const QStringList &globs)
+{
+    return globs.join(QStringLiteral("; "));
+}
+
+} // namespace
+
+FindInFilesDialog::FindInFilesDialog(QWidget *parent)
+    : QDialog(parent)
+{
+    setWindowTitle(tr("Find in Files"));
+    setObjectName(QStringLiteral("FindInFilesDialog"));
+
+    m_text = new QComboBox(this);
+    m_text->setEditable(true);
+    m_text->setInsertPolicy(QComboBox::NoInsert);
+    m_text->setMaxCount(Keys::MaxHistory);
+    m_text->setMinimumContentsLength(40);
+    m_text->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+
+    m_folder = new QLineEdit(this);
+    auto *browse = new QPushButton(tr("&Browse..."), this);
+    browse->setAutoDefault(false);
+    auto *folderRow = new QHBoxLayout;
+    folderRow->addWidget(m_folder, 1);
+    folderRow->addWidget(browse);
+
+    m_include = new QLineEdit(this);
+    m_include->setPlaceholderText(tr("All files, or globs such as *.cpp; *.h"));
+    m_exclude = new QLineEdit(this);
+
+    auto *form = new QFormLayout;
+    form->addRow(tr("Fi&nd what:"), m_text);
+    form->addRow(tr("In &folder:"), folderRow);
+    form->addRow(tr("&Include files:"), m_include);
+    form->addRow(tr("E&xclude:"), m_exclude);
+
+    m_caseSensitive = new QCheckBox(tr("Match &case"), this);
+    m_wholeWord = new QCheckBox(tr("&Whole words"), this);
+    m_regex = new QCheckBox(tr("Regular e&xpression"), this);
+    m_hidden = new QCheckBox(tr("Search &hidden files"), this);
+    auto *optionsRow = new QHBoxLayout;
+    for (QCheckBox *box : {m_caseSensitive, m_wholeWord, m_regex, m_hidden})
+        optionsRow->addWidget(box);
+    optionsRow->addStretch(1);
+
+    m_status = new QLabel(this);
+    m_status->setTextFormat(Qt::PlainText);
+    m_status->setWordWrap(true);
+
+    auto *buttons = new QDialogButtonBox(this);
+    m_find = buttons->addButton(tr("&Find"), QDialogButtonBox::AcceptRole);
+    m_find->setDefault(true);
+    m_stop = buttons->addButton(tr("&Stop"), QDialogButtonBox::ActionRole);
+    QPushButton *close = buttons->addButton(QDialogButtonBox::Close);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->addLayout(form);
+    layout->addLayout(optionsRow);
+    layout->addWidget(m_status);
+    layout->addWidget(buttons);
+
+    connect(browse, &QPushButton::clicked, this, &FindInFilesDialog::browse);
+    connect(m_find, &QPushButton::clicked, this, &FindInFilesDialog::find);
+    connect(m_stop, &QPushButton::clicked, this, &FindInFilesDialog::stopRequested);
+    // Close leaves a running search going into the pane; Escape stops it (reject).
+    connect(close, &QPushButton::clicked, this, [this] { done(QDialog::Rejected); });
+    connect(m_text, &QComboBox::editTextChanged, this, &FindInFilesDialog::updateButtons);
+
+    loadSettings();
+    updateButtons();
+}
+
+SearchOptions FindInFilesDialog::options() const
+{
+    SearchOptions options;
+    options.text = m_text->currentText();
+    options.regularExpression = m_regex->isChecked();
+    options.caseSensitive = m_caseSensitive->isChecked();
+    options.wholeWord = m_wholeWord->isChecked();
+    options.includeHidden = m_hidden->isChecked();
+    options.folder = folder();
+    options.includeGlobs = SearchOptions::splitGlobs(m_include->text());
+    options.excludeGlobs = SearchOptions::splitGlobs(m_exclude->text());
+    return options;
+}
+
+void FindInFilesDialog::setSearchText(const QString &text)
+{
+    m_text->setEditText(text);
+    m_text->lineEdit()->selectAll();
+}
+
+void FindInFilesDialog::setFolder(const QString &folder)
+{
+    m_folder->setText(QDir::toNativeSeparators(folder));
+}
+
+QString FindInFilesDialog::folder() const
+{
+    const QString text = m_folder->text().trimmed();
+    if (text == QLatin1String("~") || text.startsWith(QLatin1String("~/")))
+        return QDir::homePath() + text.mid(1);
+    return QDir::fromNativeSeparators(text);
+}
+
+void FindInFilesDialog::setSearching(bool searching)
+{
+    m_searching = searching;
+    updateButtons();
+}
+
+void FindInFilesDialog::setStatus(const QString &text)
+{
+    m_status->setText(text);
+}
+
+void FindInFilesDialog::reject()
+{
+    // Escape stops a running search first; pressed again it closes.
+    if (m_searching) {
+        emit stopRequested();
+        return;
+    }
+    QDialog::reject();
+}
+
+void FindInFilesDialog::updateButtons()
+{
+    m_find->setEnabled(!m_text->currentText().isEmpty());
+    m_stop->setEnabled(m_searching);
+}
+
+void FindInFilesDialog::browse()
+{
+    const QString chosen = QFileDialog::getExistingDirectory(this, tr("Find in Folder"), folder());
+    if (!chosen.isEmpty())
+        setFolder(chosen);
+}
+
+void FindInFilesDialog::find()
+{
+    const SearchOptions search = options();
+    if (search.text.isEmpty())
+        return;
+    if (!QFileInfo(search.folder).isDir()) {
+        setStatus(tr("The folder %1 does not exist.").arg(search.folder));
+        return;
+    }
+    saveSettings();
+    emit findRequested(search);
+}
+
+void FindInFilesDialog::loadSettings()
+{
+    BaseUsrSettings settings(Keys::StoreName);
+    settings.beginGroup(QLatin1String(Keys::Group));
+    // A value of the wrong type reads as empty.
+    const QStringList history = settings.value(QLatin1String(Keys::History)).toStringList();
+    m_text->addItems(history.mid(0, Keys::MaxHistory));
+    m_text->setEditText(QString());
+    m_regex->setChecked(settings.value(QLatin1String(Keys::Regex), false).toBool());
+    m_caseSensitive->setChecked(settings.value(QLatin1String(Keys::CaseSensitive), false).toBool());
+    m_wholeWord->setChecked(settings.value(QLatin1String(Keys::WholeWord), false).toBool());
+    m_hidden->setChecked(settings.value(QLatin1String(Keys::IncludeHidden), false).toBool());
+    m_include->setText(settings.value(QLatin1String(Keys::IncludeGlobs)).toString());
+    const QVariant exclude = settings.value(QLatin1String(Keys::ExcludeGlobs));
+    m_exclude->setText(exclude.isValid() ? exclude.toString()
+                                         : globText(SearchOptions::defaultExcludeGlobs()));
+}
+
+void FindInFilesDialog::saveSettings()
+{
+    const QString text = m_text->currentText();
+    QStringList history;
+    if (!text.isEmpty())
+        history.append(text);
+    for (int i = 0; i < m_text->count() && history.size() < Keys::MaxHistory; ++i) {
+        if (m_text->itemText(i) != text)
+            history.append(m_text->itemText(i));
+    }
+    m_text->blockSignals(true);
+    m_text->clear();
+    m_text->addItems(history);
+    m_text->setEditText(text);
+    m_text->blockSignals(false);
+
+    BaseUsrSettings settings(Keys::StoreName);
+    settings.beginGroup(QLatin1String(Keys::Group));
+    settings.setValue(QLatin1String(Keys::History), history);
+    settings.setValue(QLatin1String(Keys::Regex), m_regex->isChecked());
+    settings.setValue(QLatin1String(Keys::CaseSensitive), m_caseSensitive->isChecked());
+    settings.setValue(QLatin1String(Keys::WholeWord), m_wholeWord->isChecked());
+    settings.setValue(QLatin1String(Keys::IncludeHidden), m_hidden->isChecked());
+    settings.setValue(QLatin1String(Keys::IncludeGlobs), m_include->text());
+    settings.setValue(QLatin1String(Keys::ExcludeGlobs), m_exclude->text());
+}
