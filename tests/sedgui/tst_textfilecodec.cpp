@@ -41,6 +41,8 @@ class TstTextFileCodec : public QObject
     Q_OBJECT
 
 private slots:
+    void strictUtf8_data();
+    void strictUtf8();
     void roundTrip_data();
     void roundTrip();
     void insertedLineChangesOnlyThatLine_data() { roundTrip_data(); }
@@ -54,6 +56,40 @@ private slots:
     void decodeAs_data();
     void decodeAs();
 };
+
+void TstTextFileCodec::strictUtf8_data()
+{
+    QTest::addColumn<QByteArray>("sequence");
+    QTest::addColumn<bool>("valid");
+
+    QTest::newRow("U+0080") << QByteArray("\xC2\x80") << true;
+    QTest::newRow("U+D7FF") << QByteArray("\xED\x9F\xBF") << true;
+    QTest::newRow("U+FFFF") << QByteArray("\xEF\xBF\xBF") << true;
+    QTest::newRow("U+10FFFF") << QByteArray("\xF4\x8F\xBF\xBF") << true;
+    QTest::newRow("overlong 2 bytes") << QByteArray("\xC0\x80") << false;
+    QTest::newRow("overlong 3 bytes") << QByteArray("\xE0\x80\xAF") << false;
+    QTest::newRow("overlong 4 bytes") << QByteArray("\xF0\x8F\xBF\xBF") << false;
+    QTest::newRow("surrogate") << QByteArray("\xED\xA0\x80") << false;
+    QTest::newRow("above U+10FFFF") << QByteArray("\xF4\x90\x80\x80") << false;
+    QTest::newRow("lone continuation") << QByteArray("\x80") << false;
+    QTest::newRow("cut short") << QByteArray("\xE2\x82") << false;
+}
+
+void TstTextFileCodec::strictUtf8()
+{
+    QFETCH(QByteArray, sequence);
+    QFETCH(bool, valid);
+
+    // After and between ASCII runs long enough for the 16-byte fast path.
+    const QByteArray ascii(21, 'a');
+    for (const QByteArray &text :
+         QList<QByteArray>{sequence, ascii + sequence, ascii + sequence + ascii,
+                           sequence + ascii + QByteArray("\xC3\xA9") + ascii}) {
+        QCOMPARE(TextFileCodec::isValidUtf8(text.constData(), text.size()), valid);
+        const DecodedText decoded = TextFileCodec::decode(text);
+        QCOMPARE(decoded.format.encoding == "UTF-8" && !decoded.rawBytes, valid);
+    }
+}
 
 void TstTextFileCodec::roundTrip_data()
 {
@@ -103,6 +139,8 @@ void TstTextFileCodec::roundTrip_data()
                         << LineEnding::CR << false;
     QTest::newRow("mixed, mostly crlf") << QByteArray("a\r\nb\nc\r\nd\re\r\n")
                                         << QByteArray("UTF-8") << false << LineEnding::CRLF << true;
+    QTest::newRow("mixed, mostly lf")
+        << QByteArray("a\nb\nc\rd\n") << QByteArray("UTF-8") << false << LF << true;
     QTest::newRow("crlf in utf-16be")
         << utf16(QStringLiteral("x\r\ny\r\n"), QStringConverter::Utf16BE) << QByteArray("UTF-16BE")
         << false << LineEnding::CRLF << false;
@@ -243,6 +281,10 @@ void TstTextFileCodec::convertAndEncode_data()
     QTest::newRow("shift_jis, cr")
         << QByteArray("\xE6\x97\xA5\xE6\x9C\xAC\n") << LineEnding::CR << QByteArray("sjis") << false
         << QByteArray("\x93\xFA\x96\x7B\r");
+    // A stateful encoding ends by shifting back to ASCII.
+    QTest::newRow("iso-2022-jp") << QByteArray("\xE6\x97\xA5\xE6\x9C\xAC") << LineEnding::LF
+                                 << QByteArray("ISO-2022-JP") << false
+                                 << QByteArray::fromHex("1b2442467c4b5c1b2842");
     QTest::newRow("gb18030") << QByteArray("\xE4\xB8\xAD\xE6\x96\x87") << LineEnding::LF
                              << QByteArray("GB18030") << false << QByteArray("\xD6\xD0\xCE\xC4");
 }
@@ -283,6 +325,10 @@ void TstTextFileCodec::unencodableCharacterIsRefused_data()
     QTest::newRow("euro in shift_jis, cr lines")
         << QByteArray("\xE6\x97\xA5\r\r\xE2\x82\xAC") << QByteArray("SHIFT_JIS")
         << QStringLiteral("'\u20ac' on line 3 cannot be saved in SHIFT_JIS.");
+    // The table writes a backslash as 0x5C, which reads back as a yen sign.
+    QTest::newRow("backslash in shift_jis")
+        << QByteArray("ok\npath\\file") << QByteArray("SHIFT_JIS")
+        << QStringLiteral("'\\' on line 2 cannot be saved in SHIFT_JIS.");
     QTest::newRow("zero-width space is named by code point")
         << QByteArray("x\xE2\x80\x8B") << QByteArray("WINDOWS-1252")
         << QStringLiteral("U+200B on line 1 cannot be saved in WINDOWS-1252.");
@@ -328,6 +374,9 @@ void TstTextFileCodec::decodeAs_data()
         << QByteArray("\xFFx") << QByteArray("UTF-8") << false << QByteArray() << false;
     QTest::newRow("odd length utf-16")
         << QByteArray("abc") << QByteArray("UTF-16BE") << false << QByteArray() << false;
+    // Two codes for one character: the file could not be written back as it is.
+    QTest::newRow("cp932 duplicate code")
+        << QByteArray("\xED\x40") << QByteArray("CP932") << false << QByteArray() << false;
     QTest::newRow("truncated shift_jis")
         << QByteArray("\x93") << QByteArray("SHIFT_JIS") << false << QByteArray() << false;
 }
