@@ -114,6 +114,7 @@ void TestTabCornerWidget::click_data()
         << Qt::LeftButton << true << true << false << 0;
     QTest::newRow("left press on, drag off and back")
         << Qt::LeftButton << true << true << true << 1;
+    QTest::newRow("left click beside the button") << Qt::LeftButton << false << false << false << 0;
     QTest::newRow("left press off, release on") << Qt::LeftButton << false << false << true << 0;
     QTest::newRow("right click on the button") << Qt::RightButton << true << false << true << 0;
     QTest::newRow("middle click on the button") << Qt::MiddleButton << true << false << true << 0;
