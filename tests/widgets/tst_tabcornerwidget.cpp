@@ -55,6 +55,7 @@ private slots:
     void toolTipOnlyOverTheButton();
 
 private:
+    QStyleOptionComplex buttonOption() const;
     QPoint onButton() const;
     QPoint offButton() const;
 
@@ -71,9 +72,7 @@ void TestTabCornerWidget::init()
     m_widget->resize(m_widget->sizeHint() + QSize(60, 0));
     m_widget->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_widget));
-    QStyleOptionComplex option(1, QStyleOption::SO_ComplexCustomBase);
-    option.initFrom(m_widget);
-    option.subControls = QStyle::SC_MdiCloseButton;
+    QStyleOptionComplex option = buttonOption();
     QCOMPARE(m_style->hitTestComplexControl(QStyle::CC_MdiControls, &option, offButton(), m_widget),
              QStyle::SC_None);
 }
@@ -84,12 +83,18 @@ void TestTabCornerWidget::cleanup()
     delete m_style;
 }
 
-QPoint TestTabCornerWidget::onButton() const
+QStyleOptionComplex TestTabCornerWidget::buttonOption() const
 {
     QStyleOptionComplex option(1, QStyleOption::SO_ComplexCustomBase);
     option.initFrom(m_widget);
     option.subControls = QStyle::SC_MdiCloseButton;
-    return m_widget->style()
+    return option;
+}
+
+QPoint TestTabCornerWidget::onButton() const
+{
+    const QStyleOptionComplex option = buttonOption();
+    return m_style
         ->subControlRect(QStyle::CC_MdiControls, &option, QStyle::SC_MdiCloseButton, m_widget)
         .center();
 }
