@@ -1,0 +1,344 @@
+#include "promptrecorder.h"
+#include "sedgui.h"
+#include "textformat.h"
+
+#include <QFile>
+#include <QPointer>
+#include <QSignalSpy>
+#include <QStringEncoder>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <Qsci/qscilexer.h>
+#include <Qsci/qsciscintilla.h>
+
+using koru::sedgui::SedGUI;
+using koru::sedgui::UserPrompt;
+
+namespace {
+
+QByteArray readAll(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<unreadable>");
+}
+
+void writeAll(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    QCOMPARE(file.write(bytes), bytes.size());
+}
+
+QByteArray encoded(const QString &text, QStringConverter::Encoding encoding, bool bom)
+{
+    QStringEncoder encoder(encoding, bom ? QStringConverter::Flag::WriteBom
+                                         : QStringConverter::Flag::Default);
+    return encoder.encode(text);
+}
+
+} // namespace
+
+class TestSedGUI : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void roundTripWithoutEdit_data();
+    void roundTripWithoutEdit();
+    void typedLineIsTheOnlyDifference_data();
+    void typedLineIsTheOnlyDifference();
+    void failedSaveKeepsTextModified();
+    void closeAsksWhenModified_data();
+    void closeAsksWhenModified();
+    void untitledSaveGoesThroughSaveAs();
+    void titleAndTabFollowModifiedState();
+    void missingPathCreatesNothingUntilSaved();
+    void languageFollowsNameAndFirstLine_data();
+    void languageFollowsNameAndFirstLine();
+    void hugeLineOpensPlainAndSavesExactly();
+    void processArgsMovesToLine();
+
+private:
+    QTemporaryDir m_dir;
+};
+
+void TestSedGUI::init()
+{
+    QVERIFY(m_dir.isValid());
+}
+
+void TestSedGUI::roundTripWithoutEdit_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("utf-8") << QByteArray(
+        "int main()\n{\n    return 0; // \xc3\xa9\xe2\x82\xac\n}\n");
+    QTest::newRow("utf-8 with bom") << QByteArray("\xef\xbb\xbfhello\nworld\n");
+    QTest::newRow("invalid bytes and nul") << QByteArray("ok \xff\xfe bad \xc3( and\0nul\n", 21);
+    QTest::newRow("crlf") << QByteArray("one\r\ntwo\r\nthree\r\n");
+    QTest::newRow("cr") << QByteArray("one\rtwo\r");
+    QTest::newRow("mixed endings") << QByteArray("a\r\nb\nc\rd");
+    QTest::newRow("latin-1") << QByteArray("caf\xe9 cr\xe8me br\xfbl\xe9\xe9 na\xefve\n");
+    QTest::newRow("utf-16le bom") << encoded(QStringLiteral("h\u00e9llo\r\nw\u00f6rld\r\n"),
+                                             QStringConverter::Utf16LE, true);
+    QTest::newRow("utf-16be bom") << encoded(QStringLiteral("\u20ac uro\n"),
+                                             QStringConverter::Utf16BE, true);
+    QTest::newRow("empty") << QByteArray();
+    QTest::newRow("no final newline") << QByteArray("last line");
+}
+
+void TestSedGUI::roundTripWithoutEdit()
+{
+    QFETCH(QByteArray, bytes);
+    const QString path = m_dir.filePath(QStringLiteral("round.txt"));
+    writeAll(path, bytes);
+    PromptRecorder prompts;
+    SedGUI tool;
+    QString error;
+    QVERIFY2(tool.openFile(path, &error), qPrintable(error));
+    QVERIFY(!tool.isModified());
+    QVERIFY(tool.saveTo(path));
+    QCOMPARE(readAll(path), bytes);
+    QVERIFY(prompts.asked.isEmpty());
+}
+
+void TestSedGUI::typedLineIsTheOnlyDifference_data()
+{
+    QTest::addColumn<QString>("encoding");
+    QTest::addColumn<bool>("bom");
+    QTest::addColumn<QString>("ending");
+
+    QTest::newRow("utf-8 lf") << "UTF-8" << false << "\n";
+    QTest::newRow("utf-8 crlf") << "UTF-8" << false << "\r\n";
+    QTest::newRow("latin-1 lf") << "ISO-8859-1" << false << "\n";
+    QTest::newRow("utf-16le crlf") << "UTF-16LE" << true << "\r\n";
+}
+
+void TestSedGUI::typedLineIsTheOnlyDifference()
+{
+    QFETCH(QString, encoding);
+    QFETCH(bool, bom);
+    QFETCH(QString, ending);
+
+    const auto converter = QStringConverter::encodingForName(encoding.toLatin1().constData());
+    QVERIFY(converter.has_value());
+    const QStringList lines{QStringLiteral("first line, caf\u00e9"), QStringLiteral("second"),
+                            QStringLiteral("third")};
+    const QString typed = QStringLiteral("typed \u00e9t\u00e9");
+    const QString path = m_dir.filePath(QStringLiteral("typed.txt"));
+    writeAll(path, encoded(lines.join(ending) + ending, *converter, bom));
+
+    PromptRecorder prompts;
+    SedGUI tool;
+    tool.show();
+    QVERIFY(tool.openFile(path, nullptr));
+    tool.editor()->setCursorPosition(1, 0);
+    tool.editor()->setFocus();
+    // Typed one key at a time; keyClicks() only takes ASCII.
+    for (const QChar character : typed) {
+        QTest::sendKeyEvent(QTest::Press, tool.editor(), Qt::Key_unknown, QString(character),
+                            Qt::NoModifier);
+        QTest::sendKeyEvent(QTest::Release, tool.editor(), Qt::Key_unknown, QString(character),
+                            Qt::NoModifier);
+    }
+    QTest::keyClick(tool.editor(), Qt::Key_Return);
+    QVERIFY(tool.isModified());
+    QVERIFY(tool.save());
+
+    QStringList expected = lines;
+    expected.insert(1, typed);
+    QCOMPARE(readAll(path), encoded(expected.join(ending) + ending, *converter, bom));
+    QVERIFY(!tool.isModified());
+}
+
+void TestSedGUI::failedSaveKeepsTextModified()
+{
+    // A folder in place of the parent directory: the save fails for root too.
+    const QString blocker = m_dir.filePath(QStringLiteral("not-a-folder"));
+    writeAll(blocker, "x");
+    const QString path = blocker + QStringLiteral("/file.txt");
+
+    PromptRecorder prompts;
+    SedGUI tool;
+    QVERIFY(tool.openFile(path, nullptr));
+    tool.editor()->setText(QStringLiteral("precious"));
+    QVERIFY(tool.isModified());
+    QSignalSpy saved(&tool, &SedGUI::sigFileSaved);
+
+    QVERIFY(!tool.save());
+    QVERIFY(tool.isModified());
+    QCOMPARE(tool.editor()->text(), QStringLiteral("precious"));
+    QCOMPARE(saved.count(), 0);
+    QCOMPARE(prompts.asked.size(), 1);
+    QVERIFY2(prompts.asked.first().text.contains(path), qPrintable(prompts.asked.first().text));
+    QCOMPARE(readAll(blocker), QByteArray("x"));
+
+    // A failed save on close keeps the tool open.
+    QSignalSpy closed(&tool, &HubGUITool::sigToolClose);
+    prompts.answers = {UserPrompt::Save};
+    tool.closeTool(false);
+    QCOMPARE(closed.count(), 0);
+    QVERIFY(tool.isModified());
+}
+
+void TestSedGUI::closeAsksWhenModified_data()
+{
+    QTest::addColumn<bool>("modified");
+    QTest::addColumn<int>("answer");
+    QTest::addColumn<bool>("closes");
+    QTest::addColumn<QByteArray>("onDisk");
+
+    QTest::newRow("unmodified closes without asking") << false << -1 << true << QByteArray("old\n");
+    QTest::newRow("save") << true << int(UserPrompt::Save) << true << QByteArray("new\nold\n");
+    QTest::newRow("discard") << true << int(UserPrompt::Discard) << true << QByteArray("old\n");
+    QTest::newRow("cancel") << true << int(UserPrompt::Cancel) << false << QByteArray("old\n");
+}
+
+void TestSedGUI::closeAsksWhenModified()
+{
+    QFETCH(bool, modified);
+    QFETCH(int, answer);
+    QFETCH(bool, closes);
+    QFETCH(QByteArray, onDisk);
+
+    const QString path = m_dir.filePath(QStringLiteral("close.txt"));
+    writeAll(path, "old\n");
+    PromptRecorder prompts;
+    if (answer >= 0)
+        prompts.answers = {UserPrompt::Button(answer)};
+    QPointer<SedGUI> tool = new SedGUI;
+    QVERIFY(tool->openFile(path, nullptr));
+    if (modified)
+        tool->editor()->insertAt(QStringLiteral("new\n"), 0, 0);
+    QSignalSpy closed(tool.data(), &HubGUITool::sigToolClose);
+
+    tool->closeTool(false);
+    QCOMPARE(prompts.asked.size(), modified ? 1 : 0);
+    QCOMPARE(closed.count(), closes ? 1 : 0);
+    QCOMPARE(readAll(path), onDisk);
+    if (closes) {
+        QCOMPARE(closed.first().first().value<QWidget *>(), tool.data());
+        QTRY_VERIFY(tool.isNull());
+    } else {
+        QVERIFY(tool->isModified());
+        delete tool;
+    }
+}
+
+void TestSedGUI::untitledSaveGoesThroughSaveAs()
+{
+    PromptRecorder prompts;
+    SedGUI tool;
+    QVERIFY(tool.getTabText().startsWith(QStringLiteral("Untitled ")));
+    tool.editor()->setText(QStringLiteral("print('hi')\n"));
+
+    QVERIFY(!tool.save()); // Save As cancelled
+    QCOMPARE(prompts.fileNameRequests, 1);
+    QVERIFY(tool.isModified());
+
+    prompts.fileName = m_dir.filePath(QStringLiteral("named.py"));
+    QSignalSpy saved(&tool, &SedGUI::sigFileSaved);
+    QVERIFY(tool.save());
+    QCOMPARE(readAll(prompts.fileName), QByteArray("print('hi')\n"));
+    QCOMPARE(saved.count(), 1);
+    QCOMPARE(saved.first().first().toString(), prompts.fileName);
+    QCOMPARE(tool.getFileName(), prompts.fileName);
+    QCOMPARE(tool.getTabText(), QStringLiteral("named.py"));
+    QCOMPARE(tool.languageName(), QStringLiteral("Python"));
+}
+
+void TestSedGUI::titleAndTabFollowModifiedState()
+{
+    const QString path = m_dir.filePath(QStringLiteral("title.c"));
+    writeAll(path, "int x;\n");
+    SedGUI tool;
+    QVERIFY(tool.openFile(path, nullptr));
+    QSignalSpy titles(&tool, &HubGUITool::sigTitleChange);
+    QCOMPARE(tool.getTitle(), path);
+    QCOMPARE(tool.getTabText(), QStringLiteral("title.c"));
+
+    tool.editor()->insertAt(QStringLiteral("x"), 0, 0);
+    QCOMPARE(tool.getTitle(), path + QLatin1Char('*'));
+    QCOMPARE(tool.getTabText(), QStringLiteral("title.c*"));
+    QVERIFY(titles.count() >= 1);
+
+    tool.editor()->undo();
+    QCOMPARE(tool.getTabText(), QStringLiteral("title.c"));
+}
+
+void TestSedGUI::missingPathCreatesNothingUntilSaved()
+{
+    const QString path = m_dir.filePath(QStringLiteral("later.txt"));
+    PromptRecorder prompts;
+    SedGUI tool;
+    QVERIFY(tool.openFile(path, nullptr));
+    QCOMPARE(tool.getFileName(), path);
+    QVERIFY(!QFile::exists(path));
+    tool.editor()->setText(QStringLiteral("now\n"));
+    QVERIFY(tool.save());
+    QCOMPARE(readAll(path), QByteArray("now\n"));
+    QVERIFY(prompts.asked.isEmpty());
+}
+
+void TestSedGUI::languageFollowsNameAndFirstLine_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("language");
+
+    QTest::newRow("c") << "main.c" << QByteArray("int main;\n") << "C";
+    QTest::newRow("python shebang") << "tool" << QByteArray("#!/usr/bin/env python3\n") << "Python";
+    QTest::newRow("plain text") << "notes.txt" << QByteArray("hello\n") << "";
+}
+
+void TestSedGUI::languageFollowsNameAndFirstLine()
+{
+    QFETCH(QString, name);
+    QFETCH(QByteArray, content);
+    QFETCH(QString, language);
+    const QString path = m_dir.filePath(name);
+    writeAll(path, content);
+    SedGUI tool;
+    QVERIFY(tool.openFile(path, nullptr));
+    QCOMPARE(tool.languageName(), language);
+    QCOMPARE(tool.editor()->lexer() != nullptr, !language.isEmpty());
+}
+
+void TestSedGUI::hugeLineOpensPlainAndSavesExactly()
+{
+    QByteArray bytes(5 * 1024 * 1024, 'a');
+    for (qsizetype i = 0; i < bytes.size(); i += 7)
+        bytes[i] = "{}();x "[i % 7];
+    bytes.append("\n");
+    const QString path = m_dir.filePath(QStringLiteral("huge.c"));
+    writeAll(path, bytes);
+    PromptRecorder prompts;
+    SedGUI tool;
+    QVERIFY(tool.openFile(path, nullptr));
+    QVERIFY(tool.hasHugeLines());
+    QVERIFY(tool.editor()->lexer() == nullptr);
+    QCOMPARE(tool.editor()->wrapMode(), QsciScintilla::WrapNone);
+    QVERIFY(!tool.editor()->isReadOnly());
+    QVERIFY(tool.saveTo(path));
+    QVERIFY(readAll(path) == bytes);
+}
+
+void TestSedGUI::processArgsMovesToLine()
+{
+    const QString path = m_dir.filePath(QStringLiteral("lines.txt"));
+    QByteArray bytes;
+    for (int i = 1; i <= 200; ++i)
+        bytes += "line " + QByteArray::number(i) + '\n';
+    writeAll(path, bytes);
+    SedGUI tool;
+    QVERIFY(tool.openFile(path, nullptr));
+    tool.processArgs(nullptr, {path, QStringLiteral("-line"), QStringLiteral("150")});
+    int line = -1;
+    int index = -1;
+    tool.editor()->getCursorPosition(&line, &index);
+    QCOMPARE(line, 149);
+}
+
+QTEST_MAIN(TestSedGUI)
+#include "tst_sedgui.moc"

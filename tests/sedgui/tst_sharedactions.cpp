@@ -1,0 +1,179 @@
+#include "connection.h"
+#include "sedgui.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QHash>
+#include <QSet>
+#include <QTest>
+
+#include <Qsci/qsciscintilla.h>
+
+using koru::sedgui::SedGUI;
+
+namespace {
+
+const QStringList toolActionNames{
+    "SAVE", "SAVE AS", "PAGE SETUP", "PRINT PREVIEW", "PRINT",   "UNDO",  "REDO",       "CUT",
+    "COPY", "PASTE",   "FIND",       "FIND NEXT",     "REPLACE", "GO TO", "SELECT ALL", "CLEAR"};
+
+// The shell's 16 shared tool actions, wired to one tool at a time the way the
+// shell does it: by the encoded signatures of the tool's connection records.
+class SharedActions
+{
+public:
+    SharedActions()
+    {
+        for (const QString &name : toolActionNames) {
+            auto *action = new QAction(name, &m_owner);
+            action->setEnabled(false);
+            m_actions.insert(name, action);
+        }
+    }
+
+    QAction *action(const char *name) const { return m_actions.value(QString::fromLatin1(name)); }
+
+    // Breaks the old tool's links (disabling what it drove), makes the new one's.
+    void switchTo(SedGUI *tool)
+    {
+        if (m_front) {
+            for (const Connection *record : *m_front->getConnectionList()) {
+                if (!record->senderKey) {
+                    QAction *target = action(record->receiverKey);
+                    QObject::disconnect(m_front, record->signal, target, record->slot);
+                    target->setEnabled(false);
+                } else {
+                    QObject::disconnect(action(record->senderKey), record->signal, m_front,
+                                        record->slot);
+                }
+            }
+        }
+        m_front = tool;
+        for (const Connection *record : *tool->getConnectionList()) {
+            const bool made = !record->senderKey
+                                  ? QObject::connect(tool, record->signal,
+                                                     action(record->receiverKey), record->slot)
+                                  : QObject::connect(action(record->senderKey), record->signal,
+                                                     tool, record->slot);
+            QVERIFY2(made, record->signal);
+        }
+        tool->activate();
+    }
+
+    QList<QString> enabledNames() const
+    {
+        QList<QString> names;
+        for (const QString &name : toolActionNames)
+            if (m_actions.value(name)->isEnabled())
+                names.append(name);
+        return names;
+    }
+
+private:
+    QObject m_owner;
+    QHash<QString, QAction *> m_actions;
+    SedGUI *m_front = nullptr;
+};
+
+} // namespace
+
+class TestSharedActions : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyToolActionIsLinkedBothWays();
+    void actionsFollowTheFrontTool();
+    void triggersReachOnlyTheFrontTool();
+};
+
+void TestSharedActions::everyToolActionIsLinkedBothWays()
+{
+    SedGUI tool;
+    QSet<QString> driven;
+    QSet<QString> driving;
+    for (const Connection *record : *tool.getConnectionList()) {
+        QVERIFY((record->senderKey == nullptr) != (record->receiverKey == nullptr));
+        if (record->senderKey)
+            driving.insert(QString::fromLatin1(record->senderKey));
+        else
+            driven.insert(QString::fromLatin1(record->receiverKey));
+    }
+    const QSet<QString> all(toolActionNames.cbegin(), toolActionNames.cend());
+    QCOMPARE(driven, all);
+    QCOMPARE(driving, all);
+}
+
+void TestSharedActions::actionsFollowTheFrontTool()
+{
+    QApplication::clipboard()->clear();
+    SharedActions shared;
+    SedGUI edited;
+    edited.editor()->insertAt(QStringLiteral("some text"), 0, 0);
+    SedGUI fresh;
+
+    shared.switchTo(&edited);
+    QVERIFY(shared.action("UNDO")->isEnabled());
+    QVERIFY(shared.action("SAVE")->isEnabled());
+    QVERIFY(!shared.action("REDO")->isEnabled());
+    QVERIFY(!shared.action("COPY")->isEnabled());
+    QVERIFY(shared.action("FIND")->isEnabled());
+
+    shared.switchTo(&fresh);
+    QVERIFY(!shared.action("UNDO")->isEnabled());
+    QVERIFY(!shared.action("SAVE")->isEnabled());
+    QVERIFY(!shared.action("CUT")->isEnabled());
+    QVERIFY(!shared.action("PASTE")->isEnabled());
+    QVERIFY(shared.action("SAVE AS")->isEnabled());
+
+    // The front tool's own changes drive the actions.
+    fresh.editor()->insertAt(QStringLiteral("abc"), 0, 0);
+    QVERIFY(shared.action("UNDO")->isEnabled());
+    QVERIFY(shared.action("SAVE")->isEnabled());
+    fresh.editor()->setSelection(0, 0, 0, 2);
+    QVERIFY(shared.action("COPY")->isEnabled());
+    QVERIFY(shared.action("CUT")->isEnabled());
+    QVERIFY(shared.action("CLEAR")->isEnabled());
+    fresh.editor()->setSelection(0, 1, 0, 1);
+    QVERIFY(!shared.action("COPY")->isEnabled());
+    QApplication::clipboard()->setText(QStringLiteral("clip"));
+    QVERIFY(shared.action("PASTE")->isEnabled());
+    fresh.editor()->undo();
+    QVERIFY(!shared.action("UNDO")->isEnabled());
+    QVERIFY(!shared.action("SAVE")->isEnabled());
+    QVERIFY(shared.action("REDO")->isEnabled());
+
+    // A tool in the back no longer drives them.
+    edited.editor()->setSelection(0, 0, 0, 4);
+    QVERIFY(!shared.action("COPY")->isEnabled());
+
+    shared.switchTo(&edited);
+    QVERIFY(shared.action("COPY")->isEnabled());
+    QVERIFY(!shared.action("REDO")->isEnabled());
+}
+
+void TestSharedActions::triggersReachOnlyTheFrontTool()
+{
+    SharedActions shared;
+    SedGUI back;
+    back.editor()->setText(QStringLiteral("back"));
+    SedGUI front;
+    front.editor()->setText(QStringLiteral("front"));
+    shared.switchTo(&back);
+    shared.switchTo(&front);
+
+    shared.action("SELECT ALL")->trigger();
+    QCOMPARE(front.selectedText(), QStringLiteral("front"));
+    QVERIFY(back.selectedText().isEmpty());
+    shared.action("COPY")->trigger();
+    QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("front"));
+    shared.action("CLEAR")->trigger();
+    QVERIFY(front.editor()->text().isEmpty());
+    shared.action("UNDO")->trigger();
+    QCOMPARE(front.editor()->text(), QStringLiteral("front"));
+    QCOMPARE(back.editor()->text(), QStringLiteral("back"));
+}
+
+QTEST_MAIN(TestSharedActions)
+#include "tst_sharedactions.moc"
