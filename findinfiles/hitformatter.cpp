@@ -1,5 +1,7 @@
 #include "hitformatter.h"
 
+#include <algorithm>
+
 namespace {
 
 // Put between ")" and ":" so that the pane's pattern cannot end a file name there;
@@ -17,30 +19,36 @@ bool isLineBreakOrControl(char16_t c)
 QString HitFormatter::blankControls(QStringView text)
 {
     QString result = text.toString();
-    for (QChar &c : result) {
-        if (isLineBreakOrControl(c.unicode()))
-            c = QLatin1Char(' ');
-    }
+    const auto isControl = [](QChar c) { return isLineBreakOrControl(c.unicode()); };
+    if (std::none_of(text.begin(), text.end(), isControl))
+        return result;
+    std::replace_if(result.begin(), result.end(), isControl, QLatin1Char(' '));
     return result;
 }
 
 void HitFormatter::breakParenColon(QString &text)
 {
-    qsizetype at = text.indexOf(QLatin1String("):"));
+    qsizetype at = text.indexOf(QLatin1Char(':'));
     while (at >= 0) {
-        text.insert(at + 1, QChar(ZeroWidthSpace));
-        at = text.indexOf(QLatin1String("):"), at + 2);
+        if (at > 0 && text.at(at - 1) == QLatin1Char(')')) {
+            text.insert(at, QChar(ZeroWidthSpace));
+            ++at;
+        }
+        at = text.indexOf(QLatin1Char(':'), at + 1);
     }
 }
 
 QString HitFormatter::displayText(QStringView text, qsizetype column)
 {
-    QString shown = blankControls(text);
-    qsizetype leading = 0;
-    while (leading < shown.size() && shown.at(leading).isSpace())
-        ++leading;
-    shown = shown.trimmed();
-    column = std::clamp<qsizetype>(column - leading, 0, shown.size());
+    qsizetype first = 0;
+    qsizetype last = text.size();
+    while (first < last && (text[first].isSpace() || isLineBreakOrControl(text[first].unicode())))
+        ++first;
+    while (last > first &&
+           (text[last - 1].isSpace() || isLineBreakOrControl(text[last - 1].unicode())))
+        --last;
+    QString shown = blankControls(text.sliced(first, last - first));
+    column = std::clamp<qsizetype>(column - first, 0, shown.size());
 
     if (shown.size() > MaxTextLength) {
         // Keep some context before the match, and the match itself in view.

@@ -19,7 +19,7 @@ namespace {
 constexpr int BatchHits = 250;
 constexpr auto BatchAge = std::chrono::milliseconds(40);
 // Batches waiting for the GUI before the worker waits in turn.
-constexpr size_t MaxPendingBatches = 32;
+constexpr size_t MaxPendingBatches = 256;
 // Time one turn of the event loop spends handing batches on.
 constexpr qint64 DeliverySliceMs = 12;
 constexpr int ProgressIntervalMs = 100;

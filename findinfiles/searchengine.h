@@ -11,10 +11,11 @@
 #include <thread>
 
 // Runs one find-in-files search at a time on a thread of its own and hands the
-// hit lines to the GUI thread in batches. The worker never gets more than a few
-// batches ahead of the GUI, so a search with a million hits takes no more memory
-// than the pane that shows them; each turn of the event loop takes batches for a
-// few milliseconds only, so the window stays responsive.
+// hit lines to the GUI thread in batches. The worker waits when a bounded number
+// of batches (a few megabytes) is waiting for the GUI, so a search with a
+// million hits takes no more memory than the pane that shows them; each turn of
+// the event loop takes batches for a few milliseconds only, so the window stays
+// responsive.
 //
 // A new search stops the running one first. stop() returns once the worker has
 // ended (it checks the cancel flag every file and every few megabytes), and the

@@ -78,6 +78,18 @@ bool isWordBefore(const uchar *begin, const uchar *p)
     return !valid || isWordCodePoint(cp);
 }
 
+// The length in UTF-16 code units of valid UTF-8 text, without decoding it.
+qsizetype utf16Length(const char *begin, const char *end)
+{
+    qsizetype length = 0;
+    for (const char *p = begin; p < end; ++p) {
+        const auto c = uchar(*p);
+        length += (c & 0xC0) != 0x80;
+        length += c >= 0xF0; // a surrogate pair
+    }
+    return length;
+}
+
 bool isAscii(const QByteArray &bytes)
 {
     return std::all_of(bytes.begin(), bytes.end(), [](char c) { return uchar(c) < 0x80; });
@@ -222,7 +234,7 @@ bool TextMatcher::findLines(QByteArrayView utf8, QList<LineHit> &hits,
         LineHit hit;
         hit.line = line;
         hit.text = QString::fromUtf8(lineStart, textEnd - lineStart);
-        hit.column = QString::fromUtf8(lineStart, match - lineStart).size();
+        hit.column = utf16Length(lineStart, match);
         hits.append(std::move(hit));
         from = lineEnd < end ? lineEnd + 1 : end;
     }
