@@ -29,7 +29,7 @@ QString absolutePath(const QString &argument, const QDir &workingDir)
 
 ToolArgs ToolArgs::parse(const QStringList &args, const QString &workingDir)
 {
-    static const QRegularExpression pathWithLine(QStringLiteral("^(.+):(\\d+)(?::\\d+)?:?$"));
+    static const QRegularExpression pathWithLine(QStringLiteral("^(.+?):(\\d+)(?::\\d+)?:?$"));
     const QDir dir(workingDir);
     ToolArgs result;
     int pendingLine = 0;
@@ -46,16 +46,14 @@ ToolArgs ToolArgs::parse(const QStringList &args, const QString &workingDir)
             }
             if (argument == QLatin1String("-line")) {
                 // Applies to the file before it, as the shell's open-at-line list puts it.
-                const QString value = i + 1 < args.size() ? args.at(i + 1) : QString();
-                const int line = lineNumber(value);
-                if (line > 0 && !result.files.isEmpty()) {
-                    result.files.last().line = line;
+                bool isNumber = false;
+                const int line = i + 1 < args.size() ? args.at(i + 1).toInt(&isNumber) : 0;
+                if (isNumber)
                     ++i;
-                } else {
+                if (line > 0 && !result.files.isEmpty())
+                    result.files.last().line = line;
+                else
                     result.ignored.append(argument);
-                    if (i + 1 < args.size() && lineNumber(value) > 0)
-                        ++i;
-                }
                 continue;
             }
             if (argument.startsWith(QLatin1Char('+')) && argument.size() > 1) {
