@@ -1,13 +1,16 @@
 #pragma once
 
+#include "sedguiexport.h"
 #include "textformat.h"
 
 #include <QFont>
+#include <QString>
 
 namespace koru::sedgui {
 
-// The editor's user options, kept in the "SRC_EDITOR" settings store.
-class EditorSettings
+// The editor's user options, kept in the "SRC_EDITOR" settings store, groups
+// "Editor" and "Files".
+class SEDGUI_EXPORT EditorSettings
 {
 public:
     struct Values
@@ -28,10 +31,20 @@ public:
         bool trimTrailingWhitespace = false;
     };
 
+    static constexpr int MinTabWidth = 1;
+    static constexpr int MaxTabWidth = 16;
+    static constexpr int MinFontSize = 4;
+    static constexpr int MaxFontSize = 96;
+
     static Values defaults();
     // The stored values; a missing or malformed value reads as its default.
     static Values load();
-    static void store(const Values &values);
+    // Returns false when the settings file could not be written.
+    static bool store(const Values &values);
+
+    // "LF", "CRLF", "CR": how a line ending is written in the settings.
+    static QString lineEndingName(LineEnding ending);
+    static bool lineEndingFromName(const QString &name, LineEnding *ending);
 };
 
 } // namespace koru::sedgui

@@ -1,15 +1,56 @@
 #include "optionpages.h"
 
+#include "editoroptionspage.h"
+#include "filesoptionspage.h"
+#include "sedgui.h"
+#include "templatetree.h"
+
+#include <QCoreApplication>
+#include <QMessageBox>
+
 namespace koru::sedgui {
+
+namespace {
+
+const QString s_editorPage = QStringLiteral("Editor");
+const QString s_filesPage = QStringLiteral("Files");
+
+} // namespace
 
 QStringList OptionPages::names()
 {
-    return {};
+    return {s_editorPage, s_filesPage};
 }
 
-OptWidget *OptionPages::create(const QString &)
+OptWidget *OptionPages::create(const QString &name)
 {
+    if (name == s_editorPage) {
+        return new EditorOptionsPage;
+    }
+    if (name == s_filesPage) {
+        return new FilesOptionsPage;
+    }
     return nullptr;
+}
+
+bool OptionPages::storeAndApply(const EditorSettings::Values &values, QWidget *page)
+{
+    if (!EditorSettings::store(values)) {
+        QMessageBox box(QMessageBox::Warning,
+                        QCoreApplication::translate("koru::sedgui::OptionPages", "Options"),
+                        QCoreApplication::translate(
+                            "koru::sedgui::OptionPages",
+                            "The options could not be saved: the settings file cannot be "
+                            "read or written. The open documents keep their settings."),
+                        QMessageBox::Ok, page);
+        box.setTextFormat(Qt::PlainText);
+        box.exec();
+        return false;
+    }
+    for (SedGUI *document : TemplateTree::Instance()->documents()) {
+        document->applySettings();
+    }
+    return true;
 }
 
 } // namespace koru::sedgui

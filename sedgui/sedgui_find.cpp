@@ -1,13 +1,69 @@
+#include "editorcommands.h"
+#include "findbar.h"
+#include "gotodialog.h"
 #include "sedgui.h"
+
+#include <QBoxLayout>
+
+#include <Qsci/qsciscintilla.h>
 
 namespace koru::sedgui {
 
-void SedGUI::find() {}
+namespace {
 
-void SedGUI::findNext() {}
+// The find bar is made the first time it is needed and sits under the text.
+FindBar *findBar(SedGUI *tool)
+{
+    auto *bar = tool->findChild<FindBar *>(QString(), Qt::FindDirectChildrenOnly);
+    if (!bar) {
+        bar = new FindBar(tool->editor(), tool);
+        bar->hide();
+        if (auto *box = qobject_cast<QBoxLayout *>(tool->layout())) {
+            box->addWidget(bar);
+        }
+    }
+    return bar;
+}
 
-void SedGUI::replace() {}
+} // namespace
 
-void SedGUI::goTo() {}
+void SedGUI::find()
+{
+    findBar(this)->showFind(m_editor->selectedText());
+}
+
+void SedGUI::replace()
+{
+    findBar(this)->showReplace(m_editor->selectedText());
+}
+
+void SedGUI::findNext()
+{
+    FindBar *bar = findBar(this);
+    if (bar->query().pattern.isEmpty()) {
+        bar->setQuery(FindBar::lastQuery());
+    }
+    if (bar->query().pattern.isEmpty()) {
+        find();
+        return;
+    }
+    const SearchMatch match = bar->findNext();
+    if (!match.found()) {
+        // Say so where the user can see it.
+        bar->show();
+    }
+}
+
+void SedGUI::goTo()
+{
+    int line = 0;
+    int index = 0;
+    m_editor->getCursorPosition(&line, &index);
+    GoToDialog dialog(line + 1, m_editor->lines(), this);
+    if (dialog.exec() == QDialog::Accepted) {
+        EditorCommands::goToLine(m_editor, dialog.line(), dialog.column());
+        m_editor->setFocus();
+    }
+}
 
 } // namespace koru::sedgui

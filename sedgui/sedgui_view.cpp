@@ -1,14 +1,90 @@
+#include "drophandler.h"
+#include "editoractions.h"
+#include "editorcommands.h"
+#include "editorsettings.h"
 #include "sedgui.h"
+
+#include <QPalette>
+
+#include <Qsci/qscilexer.h>
+#include <Qsci/qsciscintilla.h>
 
 namespace koru::sedgui {
 
-QList<QAction *> *SedGUI::getMenuActions(int)
+namespace {
+
+EditorActions *editorActions(SedGUI *tool)
 {
-    return nullptr;
+    auto *actions = tool->findChild<EditorActions *>(QString(), Qt::FindDirectChildrenOnly);
+    return actions ? actions : new EditorActions(tool);
 }
 
-void SedGUI::applySettings() {}
+// Puts the chosen family and size on every style of the lexer, keeping each
+// style's weight and slant.
+void applyFont(QsciScintilla *editor, const QFont &font)
+{
+    editor->setFont(font);
+    editor->setMarginsFont(font);
+    QsciLexer *lexer = editor->lexer();
+    if (!lexer) {
+        return;
+    }
+    lexer->setDefaultFont(font);
+    for (int style = 0; style < 128; ++style) {
+        if (lexer->description(style).isEmpty()) {
+            continue;
+        }
+        QFont styled = lexer->font(style);
+        styled.setFamily(font.family());
+        styled.setPointSize(font.pointSize());
+        lexer->setFont(styled, style);
+    }
+}
 
-void SedGUI::prepareForSave() {}
+} // namespace
+
+QList<QAction *> *SedGUI::getMenuActions(int menuKind)
+{
+    return editorActions(this)->menuActions(menuKind);
+}
+
+void SedGUI::applySettings()
+{
+    const EditorSettings::Values values = EditorSettings::load();
+    QsciScintilla *editor = m_editor;
+
+    applyFont(editor, values.font);
+    editor->setTabWidth(values.tabWidth);
+    editor->setIndentationWidth(0); // the tab width
+    editor->setIndentationsUseTabs(!values.indentWithSpaces);
+    editor->setAutoIndent(values.autoIndent);
+    editor->setBackspaceUnindents(true);
+    editorActions(this)->setLineNumbersVisible(values.lineNumbers);
+    editor->setWrapMode(values.wordWrap && !hasHugeLines() ? QsciScintilla::WrapWord
+                                                           : QsciScintilla::WrapNone);
+    editor->setWhitespaceVisibility(values.showWhitespace ? QsciScintilla::WsVisible
+                                                          : QsciScintilla::WsInvisible);
+    editor->setCaretLineVisible(values.highlightCurrentLine);
+    const QColor highlight = palette().color(QPalette::Highlight);
+    const QColor base = palette().color(QPalette::Base);
+    editor->setCaretLineBackgroundColor(
+        QColor::fromRgbF(float(base.redF() * 0.9 + highlight.redF() * 0.1),
+                         float(base.greenF() * 0.9 + highlight.greenF() * 0.1),
+                         float(base.blueF() * 0.9 + highlight.blueF() * 0.1)));
+    editor->setBraceMatching(values.braceMatching ? QsciScintilla::SloppyBraceMatch
+                                                  : QsciScintilla::NoBraceMatch);
+    editor->setFolding(QsciScintilla::BoxedTreeFoldStyle);
+
+    if (!findChild<DropHandler *>(QString(), Qt::FindDirectChildrenOnly)) {
+        new DropHandler(editor->viewport(), this);
+    }
+}
+
+void SedGUI::prepareForSave()
+{
+    if (!m_editor->isReadOnly() && EditorSettings::load().trimTrailingWhitespace) {
+        EditorCommands::trimTrailingWhitespace(m_editor);
+    }
+}
 
 } // namespace koru::sedgui

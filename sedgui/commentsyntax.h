@@ -1,0 +1,28 @@
+#pragma once
+
+#include "sedguiexport.h"
+
+#include <QByteArray>
+
+namespace koru::sedgui {
+
+// How a language writes comments, looked up by the name its lexer reports
+// (QsciLexer::language(), e.g. "C++", "Python"). Languages with line comments
+// are toggled line by line; the others wrap the lines in a block comment.
+class SEDGUI_EXPORT CommentSyntax
+{
+public:
+    static CommentSyntax forLanguage(const char *lexerLanguage);
+
+    QByteArray linePrefix() const { return m_linePrefix; }
+    QByteArray blockStart() const { return m_blockStart; }
+    QByteArray blockEnd() const { return m_blockEnd; }
+    bool isEmpty() const { return m_linePrefix.isEmpty() && m_blockStart.isEmpty(); }
+
+private:
+    QByteArray m_linePrefix;
+    QByteArray m_blockStart;
+    QByteArray m_blockEnd;
+};
+
+} // namespace koru::sedgui

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "sedguiexport.h"
+
+#include <QKeySequence>
+#include <QList>
+#include <QObject>
+
+class QAction;
+class QMenu;
+
+namespace koru::sedgui {
+
+class SedGUI;
+struct TextFormat;
+
+// The editor tool's own Edit and View actions. Every tool has its own set,
+// so the checks show that tool's state. The actions are added to the tool
+// widget with a widget-with-children context: their shortcuts work while the
+// tool has the focus, before any menu has been opened, and never reach a tool
+// in another tab.
+class SEDGUI_EXPORT EditorActions : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit EditorActions(SedGUI *tool);
+
+    // The actions for the Edit (1) or View (2) menu, with their checks brought
+    // up to date; null for other menus. Owned by this object.
+    QList<QAction *> *menuActions(int menuKind);
+
+    // Shows or hides the line-number margin; kept up to date as lines come and go.
+    void setLineNumbersVisible(bool visible);
+    bool lineNumbersVisible() const { return m_lineNumbers; }
+
+    // An action by object name ("toggleComment", "wordWrap", ...), for tests.
+    QAction *action(const QString &name) const;
+    QMenu *encodingMenu() const { return m_encodingMenu; }
+    QMenu *lineEndingMenu() const { return m_lineEndingMenu; }
+    QMenu *syntaxMenu() const { return m_syntaxMenu; }
+
+    // Sets the encoding used by the next save, after checking that it can
+    // hold the text; says why not and keeps the old one otherwise.
+    bool saveWithEncoding(const QByteArray &encoding);
+
+private:
+    QAction *addAction(QList<QAction *> &list, const QString &name, const QString &text,
+                       const QKeySequence &shortcut = {});
+    void releaseEditorKey(const QKeySequence &shortcut);
+    void addSeparator(QList<QAction *> &list);
+    QMenu *addSubMenu(QList<QAction *> &list, const QString &name, const QString &title);
+    void syncChecks();
+    void fillEncodingMenu();
+    void fillLineEndingMenu();
+    void fillSyntaxMenu();
+
+    SedGUI *m_tool;
+    QList<QAction *> m_editActions;
+    QList<QAction *> m_viewActions;
+    QMenu *m_encodingMenu = nullptr;
+    QMenu *m_lineEndingMenu = nullptr;
+    QMenu *m_syntaxMenu = nullptr;
+    bool m_lineNumbers = false;
+};
+
+} // namespace koru::sedgui

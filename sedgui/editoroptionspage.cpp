@@ -1,0 +1,110 @@
+#include "editoroptionspage.h"
+
+#include "optionpages.h"
+
+#include <QCheckBox>
+#include <QFontComboBox>
+#include <QFormLayout>
+#include <QSpinBox>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace koru::sedgui {
+
+EditorOptionsPage::EditorOptionsPage(QWidget *parent)
+    : OptWidget(parent)
+    , m_font(new QFontComboBox(this))
+    , m_fontSize(new QSpinBox(this))
+    , m_tabWidth(new QSpinBox(this))
+    , m_indentWithSpaces(new QCheckBox(tr("Indent with &spaces"), this))
+    , m_autoIndent(new QCheckBox(tr("&Automatic indentation"), this))
+    , m_lineNumbers(new QCheckBox(tr("Show line &numbers"), this))
+    , m_wordWrap(new QCheckBox(tr("&Wrap long lines"), this))
+    , m_showWhitespace(new QCheckBox(tr("Show &whitespace"), this))
+    , m_highlightCurrentLine(new QCheckBox(tr("&Highlight the current line"), this))
+    , m_braceMatching(new QCheckBox(tr("Highlight matching &braces"), this))
+{
+    setObjectName(QStringLiteral("EditorOptionsPage"));
+    const std::pair<QWidget *, const char *> names[] = {
+        {m_font, "font"},
+        {m_fontSize, "fontSize"},
+        {m_tabWidth, "tabWidth"},
+        {m_indentWithSpaces, "indentWithSpaces"},
+        {m_autoIndent, "autoIndent"},
+        {m_lineNumbers, "lineNumbers"},
+        {m_wordWrap, "wordWrap"},
+        {m_showWhitespace, "showWhitespace"},
+        {m_highlightCurrentLine, "highlightCurrentLine"},
+        {m_braceMatching, "braceMatching"},
+    };
+    for (const auto &[widget, name] : names) {
+        widget->setObjectName(QLatin1String(name));
+    }
+    m_fontSize->setRange(EditorSettings::MinFontSize, EditorSettings::MaxFontSize);
+    m_fontSize->setSuffix(tr(" pt"));
+    m_tabWidth->setRange(EditorSettings::MinTabWidth, EditorSettings::MaxTabWidth);
+
+    auto *form = new QFormLayout;
+    form->addRow(tr("&Font:"), m_font);
+    form->addRow(tr("Font si&ze:"), m_fontSize);
+    form->addRow(tr("&Tab width:"), m_tabWidth);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->addLayout(form);
+    for (QCheckBox *box : {m_indentWithSpaces, m_autoIndent, m_lineNumbers, m_wordWrap,
+                           m_showWhitespace, m_highlightCurrentLine, m_braceMatching}) {
+        layout->addWidget(box);
+    }
+    layout->addStretch(1);
+    refreshPage();
+}
+
+void EditorOptionsPage::showValues(const EditorSettings::Values &values)
+{
+    m_font->setCurrentFont(values.font);
+    m_fontSize->setValue(values.font.pointSize());
+    m_tabWidth->setValue(values.tabWidth);
+    m_indentWithSpaces->setChecked(values.indentWithSpaces);
+    m_autoIndent->setChecked(values.autoIndent);
+    m_lineNumbers->setChecked(values.lineNumbers);
+    m_wordWrap->setChecked(values.wordWrap);
+    m_showWhitespace->setChecked(values.showWhitespace);
+    m_highlightCurrentLine->setChecked(values.highlightCurrentLine);
+    m_braceMatching->setChecked(values.braceMatching);
+}
+
+void EditorOptionsPage::readValues(EditorSettings::Values *values) const
+{
+    QFont font = values->font;
+    font.setFamily(m_font->currentFont().family());
+    font.setPointSize(m_fontSize->value());
+    values->font = font;
+    values->tabWidth = m_tabWidth->value();
+    values->indentWithSpaces = m_indentWithSpaces->isChecked();
+    values->autoIndent = m_autoIndent->isChecked();
+    values->lineNumbers = m_lineNumbers->isChecked();
+    values->wordWrap = m_wordWrap->isChecked();
+    values->showWhitespace = m_showWhitespace->isChecked();
+    values->highlightCurrentLine = m_highlightCurrentLine->isChecked();
+    values->braceMatching = m_braceMatching->isChecked();
+}
+
+void EditorOptionsPage::refreshPage()
+{
+    showValues(EditorSettings::load());
+}
+
+void EditorOptionsPage::applyPage()
+{
+    EditorSettings::Values values = EditorSettings::load();
+    readValues(&values);
+    OptionPages::storeAndApply(values, this);
+}
+
+void EditorOptionsPage::restoreDefaults()
+{
+    showValues(EditorSettings::defaults());
+}
+
+} // namespace koru::sedgui

@@ -1,0 +1,86 @@
+#include "filesoptionspage.h"
+
+#include "optionpages.h"
+#include "textfilecodec.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFormLayout>
+#include <QVBoxLayout>
+
+namespace koru::sedgui {
+
+FilesOptionsPage::FilesOptionsPage(QWidget *parent)
+    : OptWidget(parent)
+    , m_encoding(new QComboBox(this))
+    , m_lineEnding(new QComboBox(this))
+    , m_reloadUnmodified(
+          new QCheckBox(tr("&Reload files changed by other programs when they are not modified "
+                           "here, without asking"),
+                        this))
+    , m_trimTrailing(new QCheckBox(tr("&Trim trailing whitespace when saving"), this))
+{
+    setObjectName(QStringLiteral("FilesOptionsPage"));
+    m_encoding->setObjectName(QStringLiteral("defaultEncoding"));
+    m_lineEnding->setObjectName(QStringLiteral("defaultLineEnding"));
+    m_reloadUnmodified->setObjectName(QStringLiteral("reloadUnmodifiedSilently"));
+    m_trimTrailing->setObjectName(QStringLiteral("trimTrailingWhitespace"));
+    for (const QByteArray &encoding : TextFileCodec::availableEncodings()) {
+        m_encoding->addItem(QString::fromLatin1(encoding), encoding);
+    }
+    m_lineEnding->addItem(tr("Unix and macOS (LF)"), int(LineEnding::LF));
+    m_lineEnding->addItem(tr("Windows (CRLF)"), int(LineEnding::CRLF));
+    m_lineEnding->addItem(tr("Classic Mac OS (CR)"), int(LineEnding::CR));
+
+    auto *form = new QFormLayout;
+    form->addRow(tr("&Encoding of new documents:"), m_encoding);
+    form->addRow(tr("&Line ending of new documents:"), m_lineEnding);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->addLayout(form);
+    layout->addWidget(m_reloadUnmodified);
+    layout->addWidget(m_trimTrailing);
+    layout->addStretch(1);
+    refreshPage();
+}
+
+void FilesOptionsPage::showValues(const EditorSettings::Values &values)
+{
+    int index = m_encoding->findData(values.defaultEncoding);
+    if (index < 0) {
+        m_encoding->addItem(QString::fromLatin1(values.defaultEncoding), values.defaultEncoding);
+        index = m_encoding->count() - 1;
+    }
+    m_encoding->setCurrentIndex(index);
+    m_lineEnding->setCurrentIndex(
+        std::max(0, m_lineEnding->findData(int(values.defaultLineEnding))));
+    m_reloadUnmodified->setChecked(values.reloadUnmodifiedSilently);
+    m_trimTrailing->setChecked(values.trimTrailingWhitespace);
+}
+
+void FilesOptionsPage::readValues(EditorSettings::Values *values) const
+{
+    values->defaultEncoding = m_encoding->currentData().toByteArray();
+    values->defaultLineEnding = LineEnding(m_lineEnding->currentData().toInt());
+    values->reloadUnmodifiedSilently = m_reloadUnmodified->isChecked();
+    values->trimTrailingWhitespace = m_trimTrailing->isChecked();
+}
+
+void FilesOptionsPage::refreshPage()
+{
+    showValues(EditorSettings::load());
+}
+
+void FilesOptionsPage::applyPage()
+{
+    EditorSettings::Values values = EditorSettings::load();
+    readValues(&values);
+    OptionPages::storeAndApply(values, this);
+}
+
+void FilesOptionsPage::restoreDefaults()
+{
+    showValues(EditorSettings::defaults());
+}
+
+} // namespace koru::sedgui

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "sedguiexport.h"
+#include "textsearcher.h"
+
+#include <QFrame>
+
+class QCheckBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QsciScintilla;
+
+namespace koru::sedgui {
+
+// The strip under an editor for Find and Replace. It does not block the
+// editor: the user can type in the text while it is open. Enter finds (with
+// Shift in the other direction), Escape closes it.
+class SEDGUI_EXPORT FindBar : public QFrame
+{
+    Q_OBJECT
+
+public:
+    explicit FindBar(QsciScintilla *editor, QWidget *parent = nullptr);
+
+    // Opens the bar; a non-empty seed (usually the selected text) becomes the pattern.
+    void showFind(const QString &seed);
+    void showReplace(const QString &seed);
+
+    // The query the controls describe.
+    SearchQuery query() const;
+    void setQuery(const SearchQuery &query);
+    void setReplacement(const QString &text);
+
+    // Searches for the next match of query() and says how it went.
+    SearchMatch findNext(bool reverse = false);
+    bool replaceOne();
+    qint64 replaceAll();
+
+    // The query of the last search in any editor, for Find Next in a tool whose
+    // bar was never opened.
+    static SearchQuery lastQuery();
+    static void setLastQuery(const SearchQuery &query);
+
+    // The message of the last operation ("Not found", ...); empty when all went well.
+    QString status() const;
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void open(bool replacing, const QString &seed);
+    void report(const SearchMatch &match);
+    void setStatus(const QString &text);
+
+    QsciScintilla *m_editor;
+    QLineEdit *m_findEdit = nullptr;
+    QLineEdit *m_replaceEdit = nullptr;
+    QLabel *m_replaceLabel = nullptr;
+    QPushButton *m_replaceButton = nullptr;
+    QPushButton *m_replaceAllButton = nullptr;
+    QCheckBox *m_regex = nullptr;
+    QCheckBox *m_matchCase = nullptr;
+    QCheckBox *m_wholeWord = nullptr;
+    QCheckBox *m_wrap = nullptr;
+    QCheckBox *m_backwards = nullptr;
+    QLabel *m_status = nullptr;
+};
+
+} // namespace koru::sedgui

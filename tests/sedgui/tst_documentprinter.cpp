@@ -1,0 +1,114 @@
+#include "documentprinter.h"
+
+#include <QFile>
+#include <QFontMetrics>
+#include <QPainter>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <Qsci/qscilexercpp.h>
+#include <Qsci/qsciscintilla.h>
+
+using namespace koru::sedgui;
+
+class TstDocumentPrinter : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void pdfHasTheExpectedPageCount_data();
+    void pdfHasTheExpectedPageCount();
+    void headerTakesRoomFromTheText();
+
+private:
+    static int pdfPageCount(const QString &path);
+};
+
+int TstDocumentPrinter::pdfPageCount(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return -1;
+    }
+    // Page objects, not the page tree ("/Type /Pages").
+    static const QRegularExpression page(QStringLiteral("/Type\\s*/Page(?![a-zA-Z])"));
+    return int(QString::fromLatin1(file.readAll()).count(page));
+}
+
+void TstDocumentPrinter::pdfHasTheExpectedPageCount_data()
+{
+    QTest::addColumn<double>("pages"); // how many pages' worth of lines to print
+
+    QTest::newRow("one line") << 0.0;
+    QTest::newRow("half a page") << 0.5;
+    QTest::newRow("two and a half pages") << 2.5;
+    QTest::newRow("five and a half pages") << 5.5;
+}
+
+void TstDocumentPrinter::pdfHasTheExpectedPageCount()
+{
+    QFETCH(double, pages);
+
+    QTemporaryDir dir;
+    QVERIFY(dir.isValid());
+    const QString output = dir.filePath(QStringLiteral("out.pdf"));
+
+    DocumentPrinter printer;
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(output);
+    printer.setPageSize(QPageSize(QPageSize::A4));
+    printer.setPageMargins(QMarginsF(20, 20, 20, 20), QPageLayout::Millimeter);
+    printer.setDocumentTitle(QStringLiteral("/tmp/example.cpp"));
+
+    QsciScintilla editor;
+    QsciLexerCPP lexer;
+    QFont font(QStringLiteral("DejaVu Sans Mono"), 10);
+    lexer.setDefaultFont(font);
+    lexer.setFont(font);
+    editor.setLexer(&lexer);
+
+    // How many lines fit on a page, measured independently of the printer's
+    // own layout; half a page of slack on either side keeps the count exact.
+    const QRect pageRect = printer.pageLayout().paintRectPixels(printer.resolution());
+    const int lineHeight = QFontMetrics(font, &printer).lineSpacing();
+    const int linesPerPage = pageRect.height() / lineHeight;
+    QVERIFY(linesPerPage > 20);
+    const int lineCount = std::max(1, int(linesPerPage * pages));
+    QStringList lines;
+    for (int i = 0; i < lineCount; ++i) {
+        lines << QStringLiteral("int value%1 = %1; // short").arg(i);
+    }
+    editor.setText(lines.join(QLatin1Char('\n')));
+
+    const int expected = std::max(1, int(std::ceil(pages)));
+    QCOMPARE(printer.printDocument(&editor), expected);
+    QCOMPARE(pdfPageCount(output), expected);
+    editor.setLexer(nullptr);
+}
+
+void TstDocumentPrinter::headerTakesRoomFromTheText()
+{
+    DocumentPrinter printer(QPrinter::ScreenResolution);
+    printer.setDocumentTitle(QStringLiteral("name.txt"));
+    QImage image(400, 400, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    QRect area(10, 10, 380, 380);
+    printer.formatPage(painter, true, area, 3);
+    painter.end();
+
+    QVERIFY(area.top() > 20);
+    QCOMPARE(area.bottom(), 389);
+    // Something was drawn above the text area: the title and page number.
+    bool inked = false;
+    for (int y = 10; y < area.top() && !inked; ++y) {
+        for (int x = 10; x < 390 && !inked; ++x) {
+            inked = image.pixel(x, y) != qRgb(255, 255, 255);
+        }
+    }
+    QVERIFY(inked);
+}
+
+QTEST_MAIN(TstDocumentPrinter)
+#include "tst_documentprinter.moc"

@@ -1,0 +1,391 @@
+#include "editoractions.h"
+#include "findbar.h"
+#include "sedgui.h"
+#include "textformat.h"
+#include "userprompt.h"
+
+#include <QAction>
+#include <QFile>
+#include <QHBoxLayout>
+#include <QMenu>
+#include <QMimeData>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QUrl>
+
+#include <Qsci/qsciscintilla.h>
+
+using namespace koru::sedgui;
+
+// Stands in for the main window: records open requests.
+class FakeWindow : public QWidget
+{
+    Q_OBJECT
+
+public:
+    QStringList opened;
+
+public Q_SLOTS:
+    void onOpenFile(const QString &path, int line)
+    {
+        opened << QStringLiteral("%1@%2").arg(path).arg(line);
+    }
+};
+
+class TstEditorTool : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup();
+    void actionsArePerToolAndShowItsState();
+    void shortcutsDoNotClashWithTheCatalogue();
+    void shortcutReachesTheFocusedToolOnly();
+    void saveWritesTheChosenFormat_data();
+    void saveWritesTheChosenFormat();
+    void unencodableCharacterMakesTheSaveAsk();
+    void droppedFilesOpenThroughTheWindow();
+    void droppedTextIsInserted();
+    void replaceAllThroughTheBarIsOneUndoStep();
+    void findNextUsesTheLastSearch();
+    void syntaxMenuSwitchesTheLexer();
+
+private:
+    static QAction *findAction(SedGUI *tool, int menu, const QString &name);
+    static QAction *menuEntry(QMenu *menu, const QVariant &data, const QString &name = {});
+    static QByteArray readFile(const QString &path);
+    static bool writeFile(const QString &path, const QByteArray &bytes);
+};
+
+QAction *TstEditorTool::findAction(SedGUI *tool, int menu, const QString &name)
+{
+    const QList<QAction *> *actions = tool->getMenuActions(menu);
+    if (!actions) {
+        return nullptr;
+    }
+    for (QAction *action : *actions) {
+        if (action->objectName() == name) {
+            return action;
+        }
+    }
+    return nullptr;
+}
+
+QAction *TstEditorTool::menuEntry(QMenu *menu, const QVariant &data, const QString &name)
+{
+    Q_EMIT menu->aboutToShow();
+    for (QAction *action : menu->actions()) {
+        if ((!name.isEmpty() && action->objectName() == name) ||
+            (data.isValid() && action->data() == data)) {
+            return action;
+        }
+    }
+    return nullptr;
+}
+
+QByteArray TstEditorTool::readFile(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<unreadable>");
+}
+
+bool TstEditorTool::writeFile(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+void TstEditorTool::cleanup()
+{
+    UserPrompt::setAnswerer({});
+}
+
+void TstEditorTool::actionsArePerToolAndShowItsState()
+{
+    SedGUI first;
+    SedGUI second;
+    QAction *firstWrap = findAction(&first, SedGUI::ViewMenu, QStringLiteral("wordWrap"));
+    QAction *secondWrap = findAction(&second, SedGUI::ViewMenu, QStringLiteral("wordWrap"));
+    QVERIFY(firstWrap && secondWrap);
+    QVERIFY(firstWrap != secondWrap);
+    QVERIFY(!firstWrap->isChecked());
+
+    firstWrap->trigger();
+    QCOMPARE(first.editor()->wrapMode(), QsciScintilla::WrapWord);
+    QCOMPARE(second.editor()->wrapMode(), QsciScintilla::WrapNone);
+
+    // A change made elsewhere (here: directly) shows when the menu is next built.
+    second.editor()->setWhitespaceVisibility(QsciScintilla::WsVisible);
+    QVERIFY(findAction(&second, SedGUI::ViewMenu, QStringLiteral("showWhitespace"))->isChecked());
+    QVERIFY(!findAction(&first, SedGUI::ViewMenu, QStringLiteral("showWhitespace"))->isChecked());
+    QVERIFY(findAction(&first, SedGUI::ViewMenu, QStringLiteral("wordWrap"))->isChecked());
+
+    QAction *lineNumbers = findAction(&first, SedGUI::ViewMenu, QStringLiteral("lineNumbers"));
+    QVERIFY(lineNumbers->isChecked());
+    lineNumbers->trigger();
+    QCOMPARE(first.editor()->marginWidth(0), 0);
+    QVERIFY(second.editor()->marginWidth(0) > 0);
+
+    QVERIFY(!first.getMenuActions(0));
+    QVERIFY(!first.getMenuActions(3));
+}
+
+void TstEditorTool::shortcutsDoNotClashWithTheCatalogue()
+{
+    // The keys of the shell's shared actions and the desktop-standard keys the
+    // catalogue's actions receive.
+    const QStringList reserved = {
+        "Ctrl+Z", "Ctrl+Y", "Ctrl+X", "Ctrl+C",       "Ctrl+V",       "Ctrl+Shift+F",
+        "Ctrl+N", "Ctrl+O", "Ctrl+W", "Ctrl+S",       "Ctrl+Shift+S", "Ctrl+P",
+        "Ctrl+Q", "Ctrl+F", "F3",     "Shift+F3",     "Ctrl+H",       "Ctrl+R",
+        "Ctrl+G", "Ctrl+A", "Del",    "Ctrl+Shift+Z",
+    };
+    SedGUI tool;
+    QSet<QString> seen;
+    for (int menu : {SedGUI::EditMenu, SedGUI::ViewMenu}) {
+        for (QAction *action : *tool.getMenuActions(menu)) {
+            for (const QKeySequence &key : action->shortcuts()) {
+                const QString text = key.toString(QKeySequence::PortableText);
+                QVERIFY2(!reserved.contains(text), qPrintable(text));
+                QVERIFY2(!seen.contains(text), qPrintable(text));
+                seen.insert(text);
+            }
+        }
+    }
+    QVERIFY(seen.contains(QStringLiteral("Ctrl+/")));
+    QVERIFY(seen.contains(QStringLiteral("Ctrl+D")));
+}
+
+void TstEditorTool::shortcutReachesTheFocusedToolOnly()
+{
+    QWidget window;
+    auto *layout = new QHBoxLayout(&window);
+    auto *first = new SedGUI;
+    auto *second = new SedGUI;
+    layout->addWidget(first);
+    layout->addWidget(second);
+    first->editor()->setText(QStringLiteral("one"));
+    second->editor()->setText(QStringLiteral("two"));
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    first->editor()->setFocus();
+
+    QTest::keyClick(first->editor(), Qt::Key_D, Qt::ControlModifier);
+    QCOMPARE(first->editor()->text(), QStringLiteral("one\none"));
+    QCOMPARE(second->editor()->text(), QStringLiteral("two"));
+
+    QTest::keyClick(first->editor(), Qt::Key_U, Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(first->editor()->text(), QStringLiteral("ONE\none"));
+}
+
+void TstEditorTool::saveWritesTheChosenFormat_data()
+{
+    QTest::addColumn<QByteArray>("original");
+    QTest::addColumn<QString>("lineEnding");  // action name, or empty
+    QTest::addColumn<QByteArray>("encoding"); // save with, or empty
+    QTest::addColumn<QByteArray>("saved");
+
+    QTest::newRow("LF to CRLF") << QByteArray("a\nb\n") << "lineEndingCRLF" << QByteArray()
+                                << QByteArray("a\r\nb\r\n");
+    QTest::newRow("CRLF to LF") << QByteArray("a\r\nb\r\n") << "lineEndingLF" << QByteArray()
+                                << QByteArray("a\nb\n");
+    QTest::newRow("mixed to CR") << QByteArray("a\r\nb\nc") << "lineEndingCR" << QByteArray()
+                                 << QByteArray("a\rb\rc");
+    QTest::newRow("UTF-8 to Latin-1")
+        << QByteArray("caf\xc3\xa9\n") << "" << QByteArray("ISO-8859-1") << QByteArray("caf\xe9\n");
+    QTest::newRow("UTF-8 to UTF-16LE") << QByteArray("a\n") << "" << QByteArray("UTF-16LE")
+                                       << QByteArray("\xff\xfe"
+                                                     "a\0\n\0",
+                                                     6);
+    QTest::newRow("UTF-8 to Windows-1252 and CRLF")
+        << QByteArray("\xe2\x82\xac 1\n") << "lineEndingCRLF" << QByteArray("WINDOWS-1252")
+        << QByteArray("\x80 1\r\n");
+}
+
+void TstEditorTool::saveWritesTheChosenFormat()
+{
+    QFETCH(QByteArray, original);
+    QFETCH(QString, lineEnding);
+    QFETCH(QByteArray, encoding);
+    QFETCH(QByteArray, saved);
+
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("file.txt"));
+    QVERIFY(writeFile(path, original));
+    SedGUI tool;
+    QString error;
+    QVERIFY2(tool.openFile(path, &error), qPrintable(error));
+
+    QMenu *endings = findAction(&tool, SedGUI::ViewMenu, QStringLiteral("lineEndings"))->menu();
+    QMenu *encodings = findAction(&tool, SedGUI::ViewMenu, QStringLiteral("encoding"))->menu();
+    QVERIFY(endings && encodings);
+    if (!lineEnding.isEmpty()) {
+        QAction *choice = menuEntry(endings, {}, lineEnding);
+        QVERIFY(choice);
+        choice->trigger();
+    }
+    if (!encoding.isEmpty()) {
+        Q_EMIT encodings->aboutToShow();
+        QMenu *saveWith = encodings->findChild<QMenu *>(QStringLiteral("saveWithEncodingMenu"));
+        QVERIFY(saveWith);
+        QAction *choice = menuEntry(saveWith, encoding);
+        QVERIFY(choice);
+        choice->trigger();
+        QCOMPARE(tool.textFormat().encoding, encoding);
+        QVERIFY(menuEntry(saveWith, encoding)->isChecked());
+    }
+    QVERIFY(tool.save());
+    QCOMPARE(readFile(path), saved);
+}
+
+void TstEditorTool::unencodableCharacterMakesTheSaveAsk()
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("euro.txt"));
+    const QByteArray original("price: \xe2\x82\xac 5\n");
+    QVERIFY(writeFile(path, original));
+    SedGUI tool;
+    QString error;
+    QVERIFY(tool.openFile(path, &error));
+
+    QStringList asked;
+    UserPrompt::Button answer = UserPrompt::Cancel;
+    UserPrompt::setAnswerer([&](const UserPrompt::Question &question) {
+        asked << question.text;
+        return question.buttons.contains(answer) ? answer : question.buttons.value(0);
+    });
+
+    // Choosing an encoding that cannot hold the euro sign says so and keeps UTF-8.
+    auto *actions = tool.findChild<EditorActions *>();
+    QVERIFY(actions);
+    QVERIFY(!actions->saveWithEncoding("ISO-8859-1"));
+    QCOMPARE(asked.size(), 1);
+    QCOMPARE(tool.textFormat().encoding, QByteArray("UTF-8"));
+
+    // Forced onto the document anyway, the save asks, and Cancel writes nothing.
+    TextFormat latin1 = tool.textFormat();
+    latin1.encoding = "ISO-8859-1";
+    tool.setTextFormat(latin1);
+    QVERIFY(!tool.save());
+    QCOMPARE(asked.size(), 2);
+    QCOMPARE(readFile(path), original);
+
+    // Saving as UTF-8 instead keeps every character.
+    answer = UserPrompt::SaveAsUtf8;
+    tool.editor()->append(QStringLiteral("more\n"));
+    QVERIFY(tool.save());
+    QCOMPARE(readFile(path), original + "more\n");
+    QVERIFY(!readFile(path).contains('?'));
+}
+
+void TstEditorTool::droppedFilesOpenThroughTheWindow()
+{
+    FakeWindow window;
+    auto *tool = new SedGUI(&window);
+    tool->editor()->setText(QStringLiteral("keep"));
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(QStringLiteral("/tmp/a.txt")),
+                  QUrl::fromLocalFile(QStringLiteral("/tmp/b c.txt")),
+                  QUrl(QStringLiteral("https://example.org/remote.txt"))});
+    QWidget *viewport = tool->editor()->viewport();
+
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(viewport, &enter);
+    QVERIFY(enter.isAccepted());
+    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(viewport, &drop);
+    QVERIFY(drop.isAccepted());
+    QCoreApplication::processEvents();
+
+    QCOMPARE(window.opened, (QStringList{"/tmp/a.txt@0", "/tmp/b c.txt@0"}));
+    QCOMPARE(tool->editor()->text(), QStringLiteral("keep"));
+}
+
+void TstEditorTool::droppedTextIsInserted()
+{
+    FakeWindow window;
+    auto *tool = new SedGUI(&window);
+    window.resize(400, 300);
+    tool->resize(400, 300);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QMimeData data;
+    data.setText(QStringLiteral("dropped"));
+    QWidget *viewport = tool->editor()->viewport();
+
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(viewport, &enter);
+    QDragMoveEvent move(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(viewport, &move);
+    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(viewport, &drop);
+    QCoreApplication::processEvents();
+
+    QCOMPARE(tool->editor()->text(), QStringLiteral("dropped"));
+    QVERIFY(window.opened.isEmpty());
+}
+
+void TstEditorTool::replaceAllThroughTheBarIsOneUndoStep()
+{
+    SedGUI tool;
+    const QString text = QStringLiteral("alpha beta\nalpha gamma\n");
+    tool.editor()->setText(text);
+    tool.editor()->SendScintilla(QsciScintillaBase::SCI_EMPTYUNDOBUFFER);
+    tool.replace();
+    auto *bar = tool.findChild<FindBar *>();
+    QVERIFY(bar);
+    QVERIFY(!bar->isHidden());
+    SearchQuery query;
+    query.pattern = QStringLiteral("alpha ([a-z]+)");
+    query.regex = true;
+    bar->setQuery(query);
+    bar->setReplacement(QStringLiteral("\\1 alpha"));
+    QCOMPARE(bar->replaceAll(), qint64(2));
+    QCOMPARE(tool.editor()->text(), QStringLiteral("beta alpha\ngamma alpha\n"));
+    QCOMPARE(bar->status(), QStringLiteral("Replaced 2 occurrence(s)."));
+
+    tool.undo();
+    QCOMPARE(tool.editor()->text(), text);
+    QVERIFY(!tool.editor()->isUndoAvailable());
+}
+
+void TstEditorTool::findNextUsesTheLastSearch()
+{
+    SedGUI searched;
+    searched.editor()->setText(QStringLiteral("needle"));
+    searched.find();
+    SearchQuery query;
+    query.pattern = QStringLiteral("needle");
+    searched.findChild<FindBar *>()->setQuery(query);
+    QVERIFY(searched.findChild<FindBar *>()->findNext().found());
+
+    SedGUI other;
+    other.editor()->setText(QStringLiteral("hay needle hay needle"));
+    other.findNext();
+    QCOMPARE(other.editor()->selectedText(), QStringLiteral("needle"));
+    int line = 0;
+    int index = 0;
+    other.editor()->getCursorPosition(&line, &index);
+    QCOMPARE(index, 10);
+    other.findNext();
+    other.editor()->getCursorPosition(&line, &index);
+    QCOMPARE(index, 21);
+}
+
+void TstEditorTool::syntaxMenuSwitchesTheLexer()
+{
+    SedGUI tool;
+    QMenu *syntax = findAction(&tool, SedGUI::ViewMenu, QStringLiteral("syntax"))->menu();
+    QAction *python = menuEntry(syntax, QStringLiteral("Python"));
+    QVERIFY(python);
+    python->trigger();
+    QCOMPARE(tool.languageName(), QStringLiteral("Python"));
+    QVERIFY(menuEntry(syntax, QStringLiteral("Python"))->isChecked());
+    // The chosen language's comment syntax is what Toggle Comment uses.
+    tool.editor()->setText(QStringLiteral("x = 1"));
+    findAction(&tool, SedGUI::EditMenu, QStringLiteral("toggleComment"))->trigger();
+    QCOMPARE(tool.editor()->text(), QStringLiteral("# x = 1"));
+}
+
+QTEST_MAIN(TstEditorTool)
+#include "tst_editortool.moc"
