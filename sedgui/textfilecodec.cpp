@@ -7,6 +7,8 @@
 #include <QCoreApplication>
 #include <QHash>
 
+#include <algorithm>
+#include <cstdint>
 #include <cstring>
 
 namespace koru::sedgui {
@@ -140,6 +142,60 @@ bool decodeLegacyLossless(const QByteArray &bytes, const QByteArray &encoding, Q
         return false;
     *utf8 = std::move(decoded);
     return true;
+}
+
+struct LineEndingCounts
+{
+    qsizetype lf = 0;
+    qsizetype cr = 0;
+    qsizetype crlf = 0;
+};
+
+const char *findByte(const char *p, const char *end, char byte)
+{
+    const void *found = std::memchr(p, byte, size_t(end - p));
+    return found ? static_cast<const char *>(found) : end;
+}
+
+// Counts a byte value eight bytes at a time: in each word, the bytes equal
+// to it become 1 and the rest 0 (exactly: no carries cross bytes). Up to 255
+// words are summed per byte lane, then the lanes are added up.
+// CR, rare, is left to memchr.
+qsizetype countByte(const char *p, const char *end, char byte)
+{
+    constexpr std::uint64_t Low7 = 0x7F7F7F7F7F7F7F7FULL;
+    constexpr std::uint64_t Ones = 0x0101010101010101ULL;
+    const std::uint64_t pattern = Ones * static_cast<unsigned char>(byte);
+    qsizetype count = 0;
+    while (end - p >= 8) {
+        std::uint64_t lanes = 0;
+        for (int n = 0; n < 255 && end - p >= 8; ++n, p += 8) {
+            std::uint64_t word;
+            std::memcpy(&word, p, 8);
+            const std::uint64_t x = word ^ pattern;
+            const std::uint64_t nonZero = ((x & Low7) + Low7) | x;
+            lanes += (~nonZero >> 7) & Ones;
+        }
+        constexpr std::uint64_t EvenBytes = 0x00FF00FF00FF00FFULL;
+        const std::uint64_t pairs = (lanes & EvenBytes) + ((lanes >> 8) & EvenBytes);
+        count += qsizetype((pairs * 0x0001000100010001ULL) >> 48);
+    }
+    return count + std::count(p, end, byte);
+}
+
+LineEndingCounts countLineEndings(const QByteArray &bytes)
+{
+    const char *data = bytes.constData();
+    const char *end = data + bytes.size();
+    const qsizetype allLf = countByte(data, end, '\n');
+    qsizetype allCr = 0;
+    qsizetype crlf = 0;
+    for (const char *p = findByte(data, end, '\r'); p < end; p = findByte(p + 1, end, '\r')) {
+        ++allCr;
+        if (p + 1 < end && p[1] == '\n')
+            ++crlf;
+    }
+    return {allLf - crlf, allCr - crlf, crlf};
 }
 
 bool hasC1Bytes(const QByteArray &bytes)
@@ -317,54 +373,55 @@ bool TextFileCodec::encode(const QByteArray &utf8, const TextFormat &format, QBy
 
 LineEnding TextFileCodec::detectLineEnding(const QByteArray &bytes, bool *mixed)
 {
-    const char *data = bytes.constData();
-    const char *end = data + bytes.size();
-    qsizetype lf = 0;
-    for (const char *p = data;
-         (p = static_cast<const char *>(std::memchr(p, '\n', size_t(end - p)))); ++p)
-        ++lf;
-    qsizetype cr = 0;
-    qsizetype crlf = 0;
-    for (const char *p = data;
-         (p = static_cast<const char *>(std::memchr(p, '\r', size_t(end - p)))); ++p) {
-        ++cr;
-        if (p + 1 < end && p[1] == '\n')
-            ++crlf;
-    }
-    const qsizetype lfOnly = lf - crlf;
-    const qsizetype crOnly = cr - crlf;
+    const LineEndingCounts counts = countLineEndings(bytes);
     if (mixed)
-        *mixed = (lfOnly > 0) + (crlf > 0) + (crOnly > 0) > 1;
-    if (crlf > lfOnly && crlf >= crOnly)
+        *mixed = (counts.lf > 0) + (counts.crlf > 0) + (counts.cr > 0) > 1;
+    if (counts.crlf > counts.lf && counts.crlf >= counts.cr)
         return LineEnding::CRLF;
-    if (crOnly > lfOnly && crOnly > crlf)
+    if (counts.cr > counts.lf && counts.cr > counts.crlf)
         return LineEnding::CR;
     return LineEnding::LF;
 }
 
 QByteArray TextFileCodec::convertLineEndings(const QByteArray &utf8, LineEnding to)
 {
-    bool mixed = false;
-    if (detectLineEnding(utf8, &mixed) == to && !mixed)
+    const LineEndingCounts counts = countLineEndings(utf8);
+    const qsizetype lines = counts.lf + counts.cr + counts.crlf;
+    const bool already = (to == LineEnding::LF && lines == counts.lf) ||
+                         (to == LineEnding::CR && lines == counts.cr) ||
+                         (to == LineEnding::CRLF && lines == counts.crlf);
+    if (already)
         return utf8;
+
     const char *eol = to == LineEnding::CRLF ? "\r\n" : to == LineEnding::CR ? "\r" : "\n";
     const int eolSize = to == LineEnding::CRLF ? 2 : 1;
-    QByteArray result;
-    result.reserve(utf8.size() + (to == LineEnding::CRLF ? utf8.size() / 16 : 0));
-    const char *data = utf8.constData();
-    const qsizetype size = utf8.size();
-    qsizetype runStart = 0;
-    for (qsizetype i = 0; i < size; ++i) {
-        const char c = data[i];
-        if (c != '\n' && c != '\r')
-            continue;
-        result.append(data + runStart, i - runStart);
-        result.append(eol, eolSize);
-        if (c == '\r' && i + 1 < size && data[i + 1] == '\n')
-            ++i;
-        runStart = i + 1;
+    const qsizetype oldEolBytes = counts.lf + counts.cr + 2 * counts.crlf;
+    QByteArray result(utf8.size() - oldEolBytes + lines * eolSize, Qt::Uninitialized);
+    char *out = result.data();
+    const char *p = utf8.constData();
+    const char *end = p + utf8.size();
+    // Two cursors, one per byte value: memchr finds each far faster than a
+    // byte loop finds either, and CR is usually absent altogether.
+    const char *nextLf = findByte(p, end, '\n');
+    const char *nextCr = findByte(p, end, '\r');
+    while (p < end) {
+        const char *brk = qMin(nextLf, nextCr);
+        const qsizetype run = brk - p;
+        std::memcpy(out, p, size_t(run));
+        out += run;
+        if (brk == end)
+            break;
+        std::memcpy(out, eol, size_t(eolSize));
+        out += eolSize;
+        p = brk + 1;
+        if (*brk == '\r' && p < end && *p == '\n')
+            ++p;
+        if (nextLf < p)
+            nextLf = findByte(p, end, '\n');
+        if (nextCr < p)
+            nextCr = findByte(p, end, '\r');
     }
-    result.append(data + runStart, size - runStart);
+    Q_ASSERT(out == result.constData() + result.size());
     return result;
 }
 

@@ -64,47 +64,66 @@ int decodeUtf8(const char *data, qsizetype size, char32_t *cp)
     return 0;
 }
 
-void appendUtf8(char32_t cp, QByteArray *out)
+// Writes cp as UTF-8 at out; returns the position after it.
+inline char *putUtf8(char32_t cp, char *out)
 {
-    char buf[4];
-    int n = 0;
     if (cp < 0x80) {
-        buf[n++] = char(cp);
+        *out++ = char(cp);
     } else if (cp < 0x800) {
-        buf[n++] = char(0xC0 | (cp >> 6));
-        buf[n++] = char(0x80 | (cp & 0x3F));
+        *out++ = char(0xC0 | (cp >> 6));
+        *out++ = char(0x80 | (cp & 0x3F));
     } else if (cp < 0x10000) {
-        buf[n++] = char(0xE0 | (cp >> 12));
-        buf[n++] = char(0x80 | ((cp >> 6) & 0x3F));
-        buf[n++] = char(0x80 | (cp & 0x3F));
+        *out++ = char(0xE0 | (cp >> 12));
+        *out++ = char(0x80 | ((cp >> 6) & 0x3F));
+        *out++ = char(0x80 | (cp & 0x3F));
     } else {
-        buf[n++] = char(0xF0 | (cp >> 18));
-        buf[n++] = char(0x80 | ((cp >> 12) & 0x3F));
-        buf[n++] = char(0x80 | ((cp >> 6) & 0x3F));
-        buf[n++] = char(0x80 | (cp & 0x3F));
+        *out++ = char(0xF0 | (cp >> 18));
+        *out++ = char(0x80 | ((cp >> 12) & 0x3F));
+        *out++ = char(0x80 | ((cp >> 6) & 0x3F));
+        *out++ = char(0x80 | (cp & 0x3F));
     }
-    out->append(buf, n);
+    return out;
 }
 
-inline std::uint32_t readUnit(const char *p, int width, bool bigEndian)
+template<int Width> inline std::uint32_t readUnit(const char *p, bool bigEndian)
 {
     std::uint32_t v = 0;
-    for (int k = 0; k < width; ++k) {
-        const int shift = bigEndian ? 8 * (width - 1 - k) : 8 * k;
+    for (int k = 0; k < Width; ++k) {
+        const int shift = bigEndian ? 8 * (Width - 1 - k) : 8 * k;
         v |= std::uint32_t(static_cast<unsigned char>(p[k])) << shift;
     }
     return v;
 }
 
-inline void appendUnit(std::uint32_t v, int width, bool bigEndian, QByteArray *out)
+template<int Width> inline char *putUnit(std::uint32_t v, bool bigEndian, char *out)
 {
-    char buf[4];
-    for (int k = 0; k < width; ++k) {
-        const int shift = bigEndian ? 8 * (width - 1 - k) : 8 * k;
-        buf[k] = char((v >> shift) & 0xFF);
+    for (int k = 0; k < Width; ++k) {
+        const int shift = bigEndian ? 8 * (Width - 1 - k) : 8 * k;
+        out[k] = char((v >> shift) & 0xFF);
     }
-    out->append(buf, width);
+    return out + Width;
 }
+
+// The output buffers below are sized for the worst case up front and cut to
+// what was written: appending character by character costs ten times more.
+class Writer
+{
+public:
+    Writer(QByteArray *out, qsizetype worstCase)
+        : m_out(out)
+        , m_start(out->size())
+    {
+        m_out->resize(m_start + worstCase);
+        m_pos = m_out->data() + m_start;
+    }
+    char *&pos() { return m_pos; }
+    void finish() { m_out->truncate(m_pos - m_out->constData()); }
+
+private:
+    QByteArray *m_out;
+    qsizetype m_start;
+    char *m_pos;
+};
 
 // Skips the ASCII run starting at data[i], 16 bytes at a time; returns the
 // index of the first non-ASCII byte, or size.
@@ -180,22 +199,23 @@ bool UnicodeTranscoder::utf16ToUtf8(const char *data, qsizetype size, bool bigEn
     if (size % 2 != 0)
         return false;
     out->clear();
-    out->reserve(size + size / 2);
+    // Every 2-byte unit gives at most 3 bytes, a surrogate pair (4) gives 4.
+    Writer writer(out, size / 2 * 3);
+    char *&pos = writer.pos();
     for (qsizetype i = 0; i < size; i += 2) {
-        char32_t cp = readUnit(data + i, 2, bigEndian);
-        if (cp >= 0xDC00 && cp <= 0xDFFF)
-            return false;
-        if (cp >= 0xD800 && cp <= 0xDBFF) {
-            if (size - i < 4)
+        char32_t cp = readUnit<2>(data + i, bigEndian);
+        if (cp >= 0xD800 && cp <= 0xDFFF) {
+            if (cp >= 0xDC00 || size - i < 4)
                 return false;
-            const char32_t low = readUnit(data + i + 2, 2, bigEndian);
+            const char32_t low = readUnit<2>(data + i + 2, bigEndian);
             if (low < 0xDC00 || low > 0xDFFF)
                 return false;
             cp = 0x10000 + ((cp - 0xD800) << 10) + (low - 0xDC00);
             i += 2;
         }
-        appendUtf8(cp, out);
+        pos = putUtf8(cp, pos);
     }
+    writer.finish();
     return true;
 }
 
@@ -205,50 +225,61 @@ bool UnicodeTranscoder::utf32ToUtf8(const char *data, qsizetype size, bool bigEn
     if (size % 4 != 0)
         return false;
     out->clear();
-    out->reserve(size / 2);
+    Writer writer(out, size);
+    char *&pos = writer.pos();
     for (qsizetype i = 0; i < size; i += 4) {
-        const char32_t cp = readUnit(data + i, 4, bigEndian);
+        const char32_t cp = readUnit<4>(data + i, bigEndian);
         if (cp > 0x10FFFF || (cp >= 0xD800 && cp <= 0xDFFF))
             return false;
-        appendUtf8(cp, out);
+        pos = putUtf8(cp, pos);
     }
+    writer.finish();
     return true;
 }
 
 qsizetype UnicodeTranscoder::utf8ToUtf16(const QByteArray &utf8, bool bigEndian, QByteArray *out)
 {
-    out->reserve(out->size() + utf8.size() * 2);
     const char *data = utf8.constData();
     const qsizetype size = utf8.size();
+    // One byte of ASCII becomes one 2-byte unit; longer sequences shrink.
+    Writer writer(out, size * 2);
+    char *&pos = writer.pos();
     for (qsizetype i = 0; i < size;) {
         char32_t cp;
         const int n = decodeUtf8(data + i, size - i, &cp);
-        if (n == 0)
+        if (n == 0) {
+            writer.finish();
             return i;
+        }
         if (cp >= 0x10000) {
-            appendUnit(0xD800 + ((cp - 0x10000) >> 10), 2, bigEndian, out);
-            appendUnit(0xDC00 + ((cp - 0x10000) & 0x3FF), 2, bigEndian, out);
+            pos = putUnit<2>(0xD800 + ((cp - 0x10000) >> 10), bigEndian, pos);
+            pos = putUnit<2>(0xDC00 + ((cp - 0x10000) & 0x3FF), bigEndian, pos);
         } else {
-            appendUnit(cp, 2, bigEndian, out);
+            pos = putUnit<2>(cp, bigEndian, pos);
         }
         i += n;
     }
+    writer.finish();
     return -1;
 }
 
 qsizetype UnicodeTranscoder::utf8ToUtf32(const QByteArray &utf8, bool bigEndian, QByteArray *out)
 {
-    out->reserve(out->size() + utf8.size() * 4);
     const char *data = utf8.constData();
     const qsizetype size = utf8.size();
+    Writer writer(out, size * 4);
+    char *&pos = writer.pos();
     for (qsizetype i = 0; i < size;) {
         char32_t cp;
         const int n = decodeUtf8(data + i, size - i, &cp);
-        if (n == 0)
+        if (n == 0) {
+            writer.finish();
             return i;
-        appendUnit(cp, 4, bigEndian, out);
+        }
+        pos = putUnit<4>(cp, bigEndian, pos);
         i += n;
     }
+    writer.finish();
     return -1;
 }
 

@@ -141,6 +141,14 @@ void TstTextFileCodec::roundTrip_data()
                                         << QByteArray("UTF-8") << false << LineEnding::CRLF << true;
     QTest::newRow("mixed, mostly lf")
         << QByteArray("a\nb\nc\rd\n") << QByteArray("UTF-8") << false << LF << true;
+    // Long enough that the counts run over many blocks of words; one line
+    // decides which ending wins.
+    QTest::newRow("one more lf than crlf")
+        << QByteArray("x\r\n").repeated(3000) + QByteArray("y\n").repeated(3001)
+        << QByteArray("UTF-8") << false << LF << true;
+    QTest::newRow("one more crlf than lf")
+        << QByteArray("y\n").repeated(3000) + QByteArray("x\r\n").repeated(3001)
+        << QByteArray("UTF-8") << false << LineEnding::CRLF << true;
     QTest::newRow("crlf in utf-16be")
         << utf16(QStringLiteral("x\r\ny\r\n"), QStringConverter::Utf16BE) << QByteArray("UTF-16BE")
         << false << LineEnding::CRLF << false;
