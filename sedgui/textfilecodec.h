@@ -39,8 +39,10 @@ public:
     static bool decodeAs(const QByteArray &bytes, const QByteArray &encoding, DecodedText *out,
                          QString *error);
     // Buffer bytes back to file bytes. UTF-8 (and raw) documents: the BOM, if
-    // any, then the buffer bytes unchanged. Returns false when a character
-    // cannot be held by the encoding; *error names it and its line.
+    // any, then the buffer bytes unchanged; without a BOM *out shares utf8's
+    // data, so a QByteArray::fromRawData view must outlive the use of *out.
+    // Returns false, with *out untouched, when a character cannot be held by
+    // the encoding; *error names it and its line.
     static bool encode(const QByteArray &utf8, const TextFormat &format, QByteArray *out,
                        QString *error);
     // The most frequent line ending (LF when there is none); *mixed tells
