@@ -1,0 +1,16 @@
+#include "mainwindow.h"
+
+#include <QApplication>
+
+int main(int argc, char *argv[])
+{
+    QApplication app(argc, argv);
+    QStringList args;
+    for (int i = 1; i < argc; ++i)
+        args.append(QString::fromLatin1(argv[i]));
+
+    MainWindow window(args);
+    window.resize(800, 600);
+    window.show();
+    return app.exec();
+}

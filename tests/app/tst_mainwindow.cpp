@@ -1,0 +1,242 @@
+#include "fakecontrol.h"
+#include "mainwindow.h"
+#include "menuactionman.h"
+#include "messagelog.h"
+#include "modalwatcher.h"
+#include "optdlg.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMetaMethod>
+#include <QStatusBar>
+#include <QTabWidget>
+#include <QTest>
+#include <QToolBar>
+
+namespace {
+
+QStringList actionTexts(const QList<QAction *> &actions)
+{
+    QStringList texts;
+    for (const QAction *action : actions)
+        texts.append(action->isSeparator() ? QStringLiteral("-") : action->text());
+    return texts;
+}
+
+} // namespace
+
+// The frame of the main window: what it shows with no tool and its small
+// commands.
+class TestMainWindow : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void startsEmptyWithTitleAndReadyStatus();
+    void menuBarHasFourMenusAndNoHelp();
+    void twoVisibleToolBarsHoldTheListedActions();
+    void statusBarActionTogglesTheStatusBar();
+    void exitClosesTheWindow();
+    void optionRunsTheDialogModallyThenTraces();
+    void helpCommandOnlyTraces();
+    void metaObjectMethodOrder_data();
+    void metaObjectMethodOrder();
+};
+
+void TestMainWindow::init()
+{
+    FakeControl::instance()->reset();
+}
+
+void TestMainWindow::startsEmptyWithTitleAndReadyStatus()
+{
+    ModalWatcher watcher;
+    MainWindow window({});
+    QCOMPARE(window.objectName(), QStringLiteral("MainWindow"));
+    QCOMPARE(window.windowTitle(), QStringLiteral("Source Editor"));
+    QCOMPARE(window.statusBar()->currentMessage(), QStringLiteral("Ready"));
+    QCOMPARE(window.tabWidget()->count(), 0);
+    QCOMPARE(window.centralWidget(), window.tabWidget());
+    QCOMPARE(window.tabWidget()->tabShape(), QTabWidget::Triangular);
+    QVERIFY(window.tabWidget()->cornerWidget(Qt::TopRightCorner));
+    QVERIFY(window.tools().isEmpty());
+    QCOMPARE(window.currentTool(), nullptr);
+    QVERIFY(window.toolFactory());
+    QVERIFY(FakeControl::instance()->createCalls.isEmpty());
+    QVERIFY(watcher.seen.isEmpty());
+    QVERIFY(window.optionsDialog());
+    QCOMPARE(window.optionsDialog()->parent(), &window);
+}
+
+void TestMainWindow::menuBarHasFourMenusAndNoHelp()
+{
+    MainWindow window({});
+    QCOMPARE(actionTexts(window.menuBar()->actions()),
+             QStringList({"&File", "&Edit", "&View", "&Tools"}));
+    for (int index = 0; index < 4; ++index)
+        QCOMPARE(window.menu(index), window.menuBar()->actions().at(index)->menu());
+    QCOMPARE(window.menu(4), nullptr);
+}
+
+void TestMainWindow::twoVisibleToolBarsHoldTheListedActions()
+{
+    MainWindow window({});
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+
+    QStringList visible;
+    for (QToolBar *bar : window.findChildren<QToolBar *>()) {
+        if (bar->isVisible())
+            visible.append(bar->windowTitle());
+    }
+    visible.sort();
+    QCOMPARE(visible, QStringList({"Edit", "File"}));
+
+    MenuActionMan *registry = MenuActionMan::instance();
+    const QList<QToolBar *> bars = window.findChildren<QToolBar *>();
+    for (QToolBar *bar : bars) {
+        QCOMPARE(bar->iconSize(), QSize(24, 24));
+        if (bar->windowTitle() == QLatin1String("File")) {
+            QCOMPARE(bar->actions(), QList<QAction *>({registry->findShellAction("FILE > NEW"),
+                                                       registry->findShellAction("FILE > OPEN"),
+                                                       registry->findToolAction("FILE > SAVE"),
+                                                       registry->findShellAction("FILE > SAVE ALL"),
+                                                       registry->findToolAction("FILE > PRINT")}));
+        } else {
+            QCOMPARE(bar->actions(), QList<QAction *>({registry->findToolAction("EDIT > UNDO"),
+                                                       registry->findToolAction("EDIT > REDO"),
+                                                       registry->findToolAction("EDIT > CUT"),
+                                                       registry->findToolAction("EDIT > COPY"),
+                                                       registry->findToolAction("EDIT > PASTE")}));
+        }
+    }
+}
+
+void TestMainWindow::statusBarActionTogglesTheStatusBar()
+{
+    MessageLog log;
+    MainWindow window({});
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QAction *action = MenuActionMan::instance()->findShellAction("VIEW > STATUS BAR");
+    QVERIFY(action->isChecked());
+    QVERIFY(window.statusBar()->isVisible());
+
+    action->trigger();
+    QVERIFY(!window.statusBar()->isVisible());
+    action->trigger();
+    QVERIFY(window.statusBar()->isVisible());
+    QCOMPARE(log.count("Menu Item: onViewStatusBar."), 2);
+}
+
+void TestMainWindow::exitClosesTheWindow()
+{
+    MessageLog log;
+    MainWindow window({});
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    MenuActionMan::instance()->findShellAction("FILE > EXIT")->trigger();
+    QVERIFY(!window.isVisible());
+    const qsizetype closeAll = log.messages.indexOf("Menu Item: onFileCloseAll.");
+    QVERIFY(closeAll >= 0);
+    QVERIFY(log.messages.indexOf("Menu Item: onFileExit.") > closeAll);
+}
+
+void TestMainWindow::optionRunsTheDialogModallyThenTraces()
+{
+    MessageLog log;
+    ModalWatcher watcher;
+    MainWindow window({});
+    MenuActionMan::instance()->findShellAction("HELP > OPTION")->trigger();
+
+    QCOMPARE(watcher.seen.size(), 1);
+    QCOMPARE(watcher.seen.first().className, QStringLiteral("OptDlg"));
+    const qsizetype trace = log.messages.indexOf("Menu Item: onToolsOption.");
+    QVERIFY(trace >= watcher.seen.first().messagesBefore);
+    QCOMPARE(log.count("Menu Item: onToolsOption."), 1);
+}
+
+void TestMainWindow::helpCommandOnlyTraces()
+{
+    MessageLog log;
+    MainWindow window({});
+    window.onHelpKoruHelp();
+    QCOMPARE(log.count("Menu Item: onHelpKoruHelp."), 1);
+    QCOMPARE(window.windowTitle(), QStringLiteral("Source Editor"));
+}
+
+void TestMainWindow::metaObjectMethodOrder_data()
+{
+    QTest::addColumn<QByteArray>("signature");
+    QTest::addColumn<int>("type");
+    QTest::addColumn<int>("access");
+    QTest::addColumn<QByteArray>("parameterNames");
+
+    const int signal = QMetaMethod::Signal;
+    const int slot = QMetaMethod::Slot;
+    const int pub = QMetaMethod::Public;
+    const int priv = QMetaMethod::Private;
+    const struct
+    {
+        const char *signature;
+        int type;
+        int access;
+        const char *names;
+    } rows[] = {
+        {"sigCloseView()", signal, pub, ""},
+        {"sigCrossProbing(QWidget*,QStringList)", signal, pub, "sender,args"},
+        {"sigOutputResult(QString)", signal, pub, nullptr},
+        {"onWindowClose(QWidget*)", slot, priv, "view"},
+        {"onFileHasOpened(void*)", slot, priv, nullptr},
+        {"onActiveWidget(koru::sedgui::SedGUI*)", slot, priv, nullptr},
+        {"onTitleChange()", slot, priv, ""},
+        {"onNewFile()", slot, pub, ""},
+        {"onOpenFile()", slot, pub, ""},
+        {"onOpenFile(QString,int)", slot, pub, nullptr},
+        {"onFileClose()", slot, pub, ""},
+        {"onFileCloseAll()", slot, pub, ""},
+        {"onFileSaveAll()", slot, pub, ""},
+        {"onFileExit()", slot, pub, ""},
+        {"onViewStatusBar()", slot, pub, ""},
+        {"OnOptDlg()", slot, pub, ""},
+        {"onCurrentChanged(int)", slot, pub, nullptr},
+        {"openRecentFile()", slot, pub, ""},
+        {"onFileSaved(QString)", slot, pub, nullptr},
+        {"onFileMenuAboutToShow()", slot, pub, ""},
+        {"onEditMenuAboutToShow()", slot, pub, ""},
+        {"onViewMenuAboutToShow()", slot, pub, ""},
+        {"onToolsMenuAboutToShow()", slot, pub, ""},
+        {"onHelpMenuAboutToShow()", slot, pub, ""},
+        {"updateMenu()", slot, pub, ""},
+        {"onHelpKoruHelp()", slot, pub, ""},
+    };
+    int index = 0;
+    for (const auto &row : rows) {
+        QTest::addRow("%d %s", index++, row.signature)
+            << QByteArray(row.signature) << row.type << row.access
+            << (row.names ? QByteArray(row.names) : QByteArray("?"));
+    }
+}
+
+void TestMainWindow::metaObjectMethodOrder()
+{
+    QFETCH(QByteArray, signature);
+    QFETCH(int, type);
+    QFETCH(int, access);
+    QFETCH(QByteArray, parameterNames);
+
+    const QMetaObject &meta = MainWindow::staticMetaObject;
+    QCOMPARE(meta.methodCount() - meta.methodOffset(), 26);
+    const int index = QByteArray(QTest::currentDataTag()).split(' ').first().toInt();
+    const QMetaMethod method = meta.method(meta.methodOffset() + index);
+    QCOMPARE(method.methodSignature(), signature);
+    QCOMPARE(int(method.methodType()), type);
+    QCOMPARE(int(method.access()), access);
+    if (parameterNames != "?")
+        QCOMPARE(method.parameterNames().join(','), parameterNames);
+}
+
+QTEST_MAIN(TestMainWindow)
+#include "tst_mainwindow.moc"

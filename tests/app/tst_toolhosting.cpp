@@ -1,0 +1,462 @@
+#include "fakecontrol.h"
+#include "faketool.h"
+#include "mainwindow.h"
+#include "menuactionman.h"
+#include "messagelog.h"
+#include "modalwatcher.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QLabel>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+
+QStringList tabTexts(const MainWindow &window)
+{
+    QStringList texts;
+    for (int i = 0; i < window.tabWidget()->count(); ++i)
+        texts.append(window.tabWidget()->tabText(i));
+    return texts;
+}
+
+FakeTool *fake(QWidget *widget)
+{
+    return qobject_cast<FakeTool *>(widget);
+}
+
+QString touch(const QTemporaryDir &dir, const QString &name)
+{
+    const QString path = dir.filePath(name);
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly))
+        qFatal("cannot create %s", qPrintable(path));
+    return path;
+}
+
+QAction *shellAction(const char *key)
+{
+    return MenuActionMan::instance()->findShellAction(key);
+}
+
+} // namespace
+
+// Loading the factory, tools in tabs, the active tool and the file commands.
+class TestToolHosting : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void pluginLoadsFromProgramFolderWithoutMessages();
+    void pluginPathDoesNotDependOnCurrentDirectory();
+    void destructorDeletesFactory();
+    void startupArgumentsMakeTheFirstTool_data();
+    void startupArgumentsMakeTheFirstTool();
+    void toolSignalsReachTheirSlots_data();
+    void toolSignalsReachTheirSlots();
+    void openThreeFilesFromOneDialog();
+    void cancelledDialogOpensNothing();
+    void openPathOfOpenToolBringsItsTabToFront();
+    void newFileAsksForAnUntitledTool();
+    void openAtLine();
+    void openAtLineWithEmptyPathDoesNothing();
+    void factoryReturningNullAddsNothing();
+    void switchingToolsMovesActionLinks();
+    void titleAndWorkingDirectoryFollowCurrentTab();
+    void closingLastToolResetsTitleAndDisablesToolActions();
+    void closeTracesOnlyForNoTabOrTool();
+    void closeAllAndSaveAllReachEveryTool();
+    void cornerButtonClosesCurrentTool();
+
+private:
+    QString m_startDir;
+};
+
+void TestToolHosting::init()
+{
+    FakeControl::instance()->reset();
+    m_startDir = QDir::currentPath();
+}
+
+void TestToolHosting::cleanup()
+{
+    QDir::setCurrent(m_startDir);
+}
+
+void TestToolHosting::pluginLoadsFromProgramFolderWithoutMessages()
+{
+    MessageLog log;
+    ModalWatcher watcher;
+    MainWindow window({});
+    QVERIFY(window.toolFactory());
+    QVERIFY(watcher.seen.isEmpty());
+    const QString path = QCoreApplication::applicationDirPath() + "/toolapps/libsedapp.so";
+    QVERIFY(log.messages.contains("we get dll/so file " + QDir::cleanPath(path)));
+    QVERIFY(log.messages.contains("libsedapp.so is Koru app tool Fake Tools"));
+    QCOMPARE(FakeControl::instance()->factoriesMade, 1);
+}
+
+void TestToolHosting::pluginPathDoesNotDependOnCurrentDirectory()
+{
+    // A broken plug-in where a relative path would look.
+    QTemporaryDir dir;
+    QVERIFY(QDir(dir.path()).mkpath("toolapps"));
+    QFile bogus(dir.filePath("toolapps/libsedapp.so"));
+    QVERIFY(bogus.open(QIODevice::WriteOnly));
+    bogus.write("not a library");
+    bogus.close();
+    QVERIFY(QDir::setCurrent(dir.path()));
+
+    ModalWatcher watcher;
+    MainWindow window({});
+    QVERIFY(window.toolFactory());
+    QVERIFY(watcher.seen.isEmpty());
+}
+
+void TestToolHosting::destructorDeletesFactory()
+{
+    {
+        MainWindow window({});
+        QCOMPARE(FakeControl::instance()->factoriesDeleted, 0);
+    }
+    QCOMPARE(FakeControl::instance()->factoriesDeleted, 1);
+}
+
+void TestToolHosting::startupArgumentsMakeTheFirstTool_data()
+{
+    QTest::addColumn<QStringList>("args");
+    QTest::addColumn<bool>("returnNull");
+    QTest::addColumn<int>("tabs");
+
+    QTest::newRow("no arguments") << QStringList() << false << 0;
+    QTest::newRow("path, -line, number") << QStringList{"/tmp/a.c", "-line", "12"} << false << 1;
+    QTest::newRow("two paths, one list") << QStringList{"/tmp/a.c", "/tmp/b.c"} << false << 1;
+    QTest::newRow("factory gives null") << QStringList{"/tmp/a.c"} << true << 0;
+}
+
+void TestToolHosting::startupArgumentsMakeTheFirstTool()
+{
+    QFETCH(QStringList, args);
+    QFETCH(bool, returnNull);
+    QFETCH(int, tabs);
+
+    FakeControl::instance()->returnNull = returnNull;
+    MainWindow window(args);
+    const QList<QStringList> expectedCalls =
+        args.isEmpty() ? QList<QStringList>() : QList<QStringList>{args};
+    QCOMPARE(FakeControl::instance()->createCalls, expectedCalls);
+    QCOMPARE(window.tabWidget()->count(), tabs);
+    QCOMPARE(window.tools().size(), tabs);
+    // The start-up path leaves the recent files alone.
+    QVERIFY(window.recentFileList().isEmpty());
+    if (tabs) {
+        QCOMPARE(FakeControl::instance()->createParents.first(), &window);
+        QCOMPARE(window.currentTool(), window.tabWidget()->widget(0));
+    }
+}
+
+void TestToolHosting::toolSignalsReachTheirSlots_data()
+{
+    QTest::addColumn<QString>("signal");
+    for (const char *signal :
+         {"sigToolClose", "sigFileHasOpened", "sigActiveWidget", "sigTitleChange", "sigFileSaved"})
+        QTest::newRow(signal) << QString::fromLatin1(signal);
+}
+
+void TestToolHosting::toolSignalsReachTheirSlots()
+{
+    QFETCH(QString, signal);
+
+    MainWindow window({"/tmp/first.c"});
+    FakeTool *first = fake(window.currentTool());
+    window.onOpenFile("/tmp/second.c", 1);
+    FakeTool *second = fake(window.currentTool());
+    QVERIFY(first && second && first != second);
+    QCOMPARE(window.tabWidget()->currentWidget(), second);
+
+    if (signal == "sigToolClose") {
+        emit first->sigToolClose(first);
+        QCOMPARE(window.tabWidget()->indexOf(first), -1);
+        QCOMPARE(window.tools(), QList<QWidget *>{second});
+    } else if (signal == "sigFileHasOpened") {
+        emit first->sigFileHasOpened(first);
+        QCOMPARE(window.tabWidget()->currentWidget(), first);
+        QCOMPARE(window.currentTool(), first);
+    } else if (signal == "sigActiveWidget") {
+        emit first->sigActiveWidget(first);
+        QCOMPARE(window.tabWidget()->currentWidget(), first);
+        QCOMPARE(window.tools().first(), first);
+    } else if (signal == "sigTitleChange") {
+        second->title = "/tmp/renamed.c";
+        second->tabText = "renamed.c*";
+        emit second->sigTitleChange(second);
+        QCOMPARE(window.windowTitle(), QStringLiteral("/tmp/renamed.c"));
+        QCOMPARE(window.tabWidget()->tabText(window.tabWidget()->indexOf(second)),
+                 QStringLiteral("renamed.c*"));
+    } else {
+        emit first->sigFileSaved("/tmp/saved-as.c");
+        QCOMPARE(window.recentFileList().first(), QStringLiteral("/tmp/saved-as.c"));
+    }
+}
+
+void TestToolHosting::openThreeFilesFromOneDialog()
+{
+    QTemporaryDir dir;
+    const QStringList paths{touch(dir, "b.txt"), touch(dir, "c.txt"), touch(dir, "a.txt")};
+    QVERIFY(QDir::setCurrent(dir.path()));
+
+    MainWindow window({});
+    ModalWatcher watcher;
+    QString startDir;
+    QStringList filters;
+    watcher.handler = [&](QWidget *modal) {
+        auto *dialog = qobject_cast<QFileDialog *>(modal);
+        if (!dialog)
+            return;
+        startDir = dialog->directory().absolutePath();
+        filters = dialog->nameFilters();
+        dialog->selectFile(R"("b.txt" "c.txt" "a.txt")");
+        dialog->accept();
+    };
+    shellAction("FILE > OPEN")->trigger();
+
+    QCOMPARE(watcher.seen.size(), 1);
+    QCOMPARE(watcher.seen.first().title, QStringLiteral("Open File"));
+    QCOMPARE(startDir, QDir(dir.path()).absolutePath());
+    QVERIFY(filters.contains("All Files (*)"));
+
+    const QList<QStringList> calls = FakeControl::instance()->createCalls;
+    QCOMPARE(calls, QList<QStringList>({{paths[0]}, {paths[1]}, {paths[2]}}));
+    QCOMPARE(tabTexts(window), QStringList({"b.txt", "c.txt", "a.txt"}));
+    QCOMPARE(window.tabWidget()->currentIndex(), 2);
+    QCOMPARE(fake(window.tools().first())->fileName, paths[2]);
+    QCOMPARE(window.currentTool(), window.tools().first());
+    QCOMPARE(window.recentFileList(), QStringList({paths[2], paths[1], paths[0]}));
+}
+
+void TestToolHosting::cancelledDialogOpensNothing()
+{
+    MainWindow window({});
+    ModalWatcher watcher;
+    window.onOpenFile();
+    QCOMPARE(watcher.seen.size(), 1);
+    QVERIFY(FakeControl::instance()->createCalls.isEmpty());
+    QCOMPARE(window.tabWidget()->count(), 0);
+}
+
+void TestToolHosting::openPathOfOpenToolBringsItsTabToFront()
+{
+    MainWindow window({"/tmp/a.c"});
+    window.onOpenFile("/tmp/b.c", 3);
+    QWidget *a = window.tabWidget()->widget(0);
+    QCOMPARE(window.tabWidget()->currentIndex(), 1);
+
+    window.onOpenFile("/tmp/a.c", 9);
+    QCOMPARE(window.tabWidget()->count(), 2);
+    QCOMPARE(window.tabWidget()->currentWidget(), a);
+    QCOMPARE(window.tools().first(), a);
+    QCOMPARE(window.tools().size(), 2);
+    QCOMPARE(window.currentTool(), a);
+}
+
+void TestToolHosting::newFileAsksForAnUntitledTool()
+{
+    MainWindow window({});
+    shellAction("FILE > NEW")->trigger();
+    QCOMPARE(FakeControl::instance()->createCalls, QList<QStringList>{QStringList()});
+    QCOMPARE(tabTexts(window), QStringList{"Untitled"});
+    QCOMPARE(window.windowTitle(), QStringLiteral("Untitled"));
+    QVERIFY(window.recentFileList().isEmpty());
+}
+
+void TestToolHosting::openAtLine()
+{
+    MainWindow window({});
+    window.onOpenFile("/tmp/x.cpp", 42);
+    const QStringList expected{"/tmp/x.cpp", "-line", "42"};
+    QCOMPARE(FakeControl::instance()->createCalls, QList<QStringList>{expected});
+    FakeTool *tool = fake(window.currentTool());
+    QVERIFY(tool);
+    QCOMPARE(tool->processArgsCalls, QList<QStringList>{expected});
+    QCOMPARE(window.recentFileList(), QStringList{"/tmp/x.cpp"});
+
+    // Every request goes to the factory again.
+    window.onOpenFile("/tmp/x.cpp", 7);
+    QCOMPARE(FakeControl::instance()->createCalls.size(), 2);
+    QCOMPARE(tool->processArgsCalls.last(), QStringList({"/tmp/x.cpp", "-line", "7"}));
+    QCOMPARE(window.tabWidget()->count(), 1);
+}
+
+void TestToolHosting::openAtLineWithEmptyPathDoesNothing()
+{
+    MainWindow window({});
+    window.onOpenFile(QString(), 3);
+    QVERIFY(FakeControl::instance()->createCalls.isEmpty());
+    QVERIFY(window.recentFileList().isEmpty());
+}
+
+void TestToolHosting::factoryReturningNullAddsNothing()
+{
+    MainWindow window({});
+    FakeControl::instance()->returnNull = true;
+    window.onOpenFile("/tmp/missing.c", 1);
+    shellAction("FILE > NEW")->trigger();
+    QCOMPARE(FakeControl::instance()->createCalls.size(), 2);
+    QCOMPARE(window.tabWidget()->count(), 0);
+    QVERIFY(window.recentFileList().isEmpty());
+}
+
+void TestToolHosting::switchingToolsMovesActionLinks()
+{
+    // Each tool drives COPY's enabled state and receives its trigger; only
+    // the first also drives CUT.
+    FakeControl::instance()->configure = [](FakeTool *tool, const QStringList &args) {
+        tool->addConnection(nullptr, "2stateChanged(bool)", "COPY", "1setEnabled(bool)");
+        tool->addConnection("Copy", "2triggered()", nullptr, "1onCommand()");
+        if (args.value(0) == "/tmp/a.c")
+            tool->addConnection(nullptr, "2otherStateChanged(bool)", "cut", "1setEnabled(bool)");
+    };
+    MenuActionMan *registry = MenuActionMan::instance();
+    QAction *copy = registry->findToolAction("EDIT > COPY");
+    QAction *cut = registry->findToolAction("EDIT > CUT");
+
+    MainWindow window({"/tmp/a.c"});
+    FakeTool *a = fake(window.currentTool());
+    emit a->stateChanged(true);
+    emit a->otherStateChanged(true);
+    QVERIFY(copy->isEnabled() && cut->isEnabled());
+
+    window.onOpenFile("/tmp/b.c", 1);
+    FakeTool *b = fake(window.currentTool());
+    QVERIFY(b != a);
+    // A's actions are released and disabled until B drives them.
+    QVERIFY(!copy->isEnabled());
+    QVERIFY(!cut->isEnabled());
+    emit a->stateChanged(true);
+    emit a->otherStateChanged(true);
+    QVERIFY(!copy->isEnabled());
+    QVERIFY(!cut->isEnabled());
+    emit b->stateChanged(true);
+    QVERIFY(copy->isEnabled());
+    copy->trigger();
+    QCOMPARE(b->commandsReceived.value("onCommand"), 1);
+    QCOMPARE(a->commandsReceived.value("onCommand"), 0);
+
+    window.tabWidget()->setCurrentWidget(a);
+    QVERIFY(!copy->isEnabled());
+    emit b->stateChanged(true);
+    QVERIFY(!copy->isEnabled());
+    emit a->stateChanged(true);
+    QVERIFY(copy->isEnabled());
+    copy->trigger();
+    QCOMPARE(a->commandsReceived.value("onCommand"), 1);
+    QCOMPARE(b->commandsReceived.value("onCommand"), 1);
+}
+
+void TestToolHosting::titleAndWorkingDirectoryFollowCurrentTab()
+{
+    QTemporaryDir one;
+    QTemporaryDir two;
+    const QString first = touch(one, "first.txt");
+    const QString second = touch(two, "second.txt");
+    FakeControl::instance()->configure = [](FakeTool *tool, const QStringList &args) {
+        if (args.value(0).endsWith("second.txt"))
+            tool->title = QString::fromUtf8("Stra\u00dfe \u20ac");
+    };
+
+    MainWindow window({first});
+    FakeTool *a = fake(window.currentTool());
+    window.onOpenFile(second, 1);
+    FakeTool *b = fake(window.currentTool());
+    // Characters outside Latin-1 become "?".
+    QCOMPARE(window.windowTitle(), QString::fromUtf8("Stra\u00dfe ?"));
+    QCOMPARE(QDir::currentPath(), QDir(two.path()).canonicalPath());
+    const int activations = a->activateCount;
+
+    window.tabWidget()->setCurrentWidget(a);
+    QCOMPARE(window.windowTitle(), first);
+    QCOMPARE(QDir::currentPath(), QDir(one.path()).canonicalPath());
+    QCOMPARE(a->activateCount, activations + 1);
+    QCOMPARE(window.tools(), QList<QWidget *>({a, b}));
+    QCOMPARE(window.currentTool(), a);
+}
+
+void TestToolHosting::closingLastToolResetsTitleAndDisablesToolActions()
+{
+    FakeControl::instance()->configure = [](FakeTool *tool, const QStringList &) {
+        tool->addConnection(nullptr, "2stateChanged(bool)", "SAVE", "1setEnabled(bool)");
+    };
+    MainWindow window({"/tmp/only.c"});
+    FakeTool *tool = fake(window.currentTool());
+    emit tool->stateChanged(true);
+    QAction *save = MenuActionMan::instance()->findToolAction("FILE > SAVE");
+    QAction *print = MenuActionMan::instance()->findToolAction("FILE > PRINT");
+    print->setEnabled(true);
+    QVERIFY(save->isEnabled());
+    QCOMPARE(window.windowTitle(), QStringLiteral("/tmp/only.c"));
+
+    shellAction("FILE > CLOSE")->trigger();
+    QCOMPARE(window.tabWidget()->count(), 0);
+    QVERIFY(window.tools().isEmpty());
+    QCOMPARE(window.currentTool(), nullptr);
+    QCOMPARE(window.windowTitle(), QStringLiteral("Source Editor"));
+    QVERIFY(!save->isEnabled());
+    QVERIFY(!print->isEnabled());
+}
+
+void TestToolHosting::closeTracesOnlyForNoTabOrTool()
+{
+    MessageLog log;
+    MainWindow window({});
+    window.onFileClose();
+    QCOMPARE(log.count("Menu Item: onFileClose."), 1);
+
+    window.tabWidget()->addTab(new QLabel("not a tool"), "label");
+    window.onFileClose();
+    QCOMPARE(log.count("Menu Item: onFileClose."), 1);
+    QCOMPARE(window.tabWidget()->count(), 1);
+}
+
+void TestToolHosting::closeAllAndSaveAllReachEveryTool()
+{
+    MessageLog log;
+    MainWindow window({});
+    window.onFileSaveAll();
+    QCOMPARE(log.count("Menu Item: onFileSaveAll."), 1);
+
+    window.onOpenFile("/tmp/1.c", 1);
+    window.onOpenFile("/tmp/2.c", 1);
+    const QList<FakeTool *> tools = FakeControl::instance()->liveTools();
+    QCOMPARE(tools.size(), 2);
+    shellAction("FILE > SAVE ALL")->trigger();
+    QCOMPARE(tools[0]->saveCount, 1);
+    QCOMPARE(tools[1]->saveCount, 1);
+
+    shellAction("FILE > CLOSE ALL")->trigger();
+    QCOMPARE(tools[0]->closeRequests, 1);
+    QCOMPARE(tools[1]->closeRequests, 1);
+    QCOMPARE(window.tabWidget()->count(), 0);
+    QCOMPARE(log.count("Menu Item: onFileCloseAll."), 1);
+}
+
+void TestToolHosting::cornerButtonClosesCurrentTool()
+{
+    MainWindow window({"/tmp/1.c"});
+    window.onOpenFile("/tmp/2.c", 1);
+    FakeTool *current = fake(window.currentTool());
+    QWidget *corner = window.tabWidget()->cornerWidget(Qt::TopRightCorner);
+    QVERIFY(corner);
+    QVERIFY(QMetaObject::invokeMethod(corner, "sigCloseTool"));
+    QCOMPARE(current->closeRequests, 1);
+    QCOMPARE(window.tabWidget()->count(), 1);
+}
+
+QTEST_MAIN(TestToolHosting)
+#include "tst_toolhosting.moc"
