@@ -1,3 +1,4 @@
+#include "appsetup.h"
 #include "mainwindow.h"
 
 #include <QApplication>
@@ -5,6 +6,7 @@
 int main(int argc, char *argv[])
 {
     QApplication app(argc, argv);
+    AppSetup::apply(app);
     QStringList args;
     for (int i = 1; i < argc; ++i)
         args.append(QString::fromLatin1(argv[i]));
