@@ -29,6 +29,11 @@ struct DocumentState
     QString language;
     // Lines so long that colouring and wrapping are off.
     bool hugeLines = false;
+    // Lines so long that even plain layout is too slow: the editor shows a
+    // read-only copy broken into short display lines, and the file's text
+    // (as UTF-8) is kept here to be saved unchanged.
+    bool displayOnly = false;
+    QByteArray displayOnlyText;
     bool closing = false;
     // The info bar speaks about the file on disk (cleared by a save).
     bool diskNoticeShown = false;

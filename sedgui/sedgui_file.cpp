@@ -24,23 +24,72 @@ namespace {
 // Above this many bytes on one line, colouring and wrapping would make the
 // editor freeze on layout; such documents are shown plain.
 constexpr qsizetype HugeLineBytes = 100 * 1024;
+// The editing widget lays out a whole line at every paint and keystroke, at
+// roughly a microsecond per character or worse: above this, a line is shown
+// read-only in display pieces of DisplayPieceBytes.
+constexpr qsizetype DisplayOnlyLineBytes = 512 * 1024;
+constexpr qsizetype DisplayPieceBytes = 1000;
 
-bool hasHugeLine(const QByteArray &text)
+bool isLineEnd(char c)
+{
+    return c == '\n' || c == '\r';
+}
+
+// The length in bytes of the longest line, lines ending at LF, CR or CRLF.
+qsizetype longestLine(const QByteArray &text)
 {
     if (text.size() <= HugeLineBytes)
-        return false;
+        return text.size();
     const char *data = text.constData();
     const char *end = data + text.size();
+    qsizetype longest = 0;
     const char *lineStart = data;
     while (lineStart < end) {
         const auto *newline = static_cast<const char *>(
             std::memchr(lineStart, '\n', static_cast<size_t>(end - lineStart)));
         const char *lineEnd = newline ? newline : end;
-        if (lineEnd - lineStart > HugeLineBytes)
-            return true;
+        if (lineEnd - lineStart > longest) {
+            // Only long runs are worth looking into for CR endings.
+            const char *pieceStart = lineStart;
+            while (pieceStart < lineEnd) {
+                const auto *cr = static_cast<const char *>(
+                    std::memchr(pieceStart, '\r', static_cast<size_t>(lineEnd - pieceStart)));
+                const char *pieceEnd = cr ? cr : lineEnd;
+                longest = std::max<qsizetype>(longest, pieceEnd - pieceStart);
+                pieceStart = pieceEnd + 1;
+            }
+        }
         lineStart = lineEnd + 1;
     }
-    return false;
+    return longest;
+}
+
+// A copy with a line break after every DisplayPieceBytes of a long line, never
+// inside a UTF-8 sequence and never next to a real line end.
+QByteArray brokenForDisplay(const QByteArray &text)
+{
+    QByteArray shown;
+    shown.reserve(text.size() + text.size() / DisplayPieceBytes + 1);
+    const char *data = text.constData();
+    const qsizetype size = text.size();
+    qsizetype copied = 0;
+    qsizetype run = 0;
+    for (qsizetype i = 0; i < size; ++i) {
+        const char c = data[i];
+        if (isLineEnd(c)) {
+            run = 0;
+            continue;
+        }
+        if (run >= DisplayPieceBytes && (static_cast<unsigned char>(c) & 0xC0) != 0x80) {
+            shown.append(data + copied, i - copied);
+            shown.append('\n');
+            copied = i;
+            run = 0;
+        }
+        ++run;
+    }
+    shown.append(data + copied, size - copied);
+    return shown;
 }
 
 QByteArray firstLineOf(const QByteArray &text)
@@ -117,7 +166,12 @@ void SedGUI::loadBytes(const QByteArray &bytes, bool keepUndo)
     QStringList notices;
     if (!decoded.notice.isEmpty())
         notices.append(decoded.notice);
-    if (m_doc->hugeLines)
+    if (m_doc->displayOnly)
+        notices.append(tr("This file has a line too long to edit (%1 KB): it is shown read-only, "
+                          "broken into short display lines. Saving writes the file's own lines "
+                          "unchanged.")
+                           .arg(longestLine(m_doc->displayOnlyText) / 1024));
+    else if (m_doc->hugeLines)
         notices.append(tr("This file has very long lines: syntax colouring and line wrapping "
                           "are off to keep editing responsive."));
     m_doc->diskNoticeShown = false;
@@ -129,30 +183,39 @@ void SedGUI::loadBytes(const QByteArray &bytes, bool keepUndo)
 
 void SedGUI::applyDecoded(const QByteArray &utf8, bool keepUndo)
 {
-    const bool huge = hasHugeLine(utf8);
+    const qsizetype longest = longestLine(utf8);
+    const bool huge = longest > HugeLineBytes;
+    const bool wasHuge = m_doc->hugeLines;
+    m_doc->displayOnly = longest > DisplayOnlyLineBytes;
+    m_doc->displayOnlyText = m_doc->displayOnly ? utf8 : QByteArray();
+    const QByteArray shown = m_doc->displayOnly ? brokenForDisplay(utf8) : utf8;
+    m_editor->setReadOnly(false);
     setHugeLines(huge);
+    if (wasHuge && !huge)
+        applySettings();
     m_editor->setEolMode(eolMode(m_doc->format.lineEnding));
 
-    const auto length = static_cast<unsigned long>(utf8.size());
+    const auto length = static_cast<unsigned long>(shown.size());
     if (keepUndo && !huge) {
         // One undo step: the user can take the reload back.
         m_editor->SendScintilla(QsciScintillaBase::SCI_BEGINUNDOACTION);
         m_editor->SendScintilla(QsciScintillaBase::SCI_SETTARGETRANGE, 0UL,
                                 m_editor->SendScintilla(QsciScintillaBase::SCI_GETLENGTH));
-        m_editor->SendScintilla(QsciScintillaBase::SCI_REPLACETARGET, length, utf8.constData());
+        m_editor->SendScintilla(QsciScintillaBase::SCI_REPLACETARGET, length, shown.constData());
         m_editor->SendScintilla(QsciScintillaBase::SCI_ENDUNDOACTION);
     } else {
         m_editor->SendScintilla(QsciScintillaBase::SCI_SETUNDOCOLLECTION, 0UL);
         m_editor->SendScintilla(QsciScintillaBase::SCI_CLEARALL);
         m_editor->SendScintilla(QsciScintillaBase::SCI_ALLOCATE, length + 1);
         // By length: NUL bytes and invalid UTF-8 survive.
-        m_editor->SendScintilla(QsciScintillaBase::SCI_APPENDTEXT, length, utf8.constData());
+        m_editor->SendScintilla(QsciScintillaBase::SCI_APPENDTEXT, length, shown.constData());
         m_editor->SendScintilla(QsciScintillaBase::SCI_SETUNDOCOLLECTION, 1UL);
         m_editor->SendScintilla(QsciScintillaBase::SCI_EMPTYUNDOBUFFER);
         m_editor->SendScintilla(QsciScintillaBase::SCI_GOTOPOS, 0UL);
     }
     m_editor->SendScintilla(QsciScintillaBase::SCI_SETSAVEPOINT);
     m_doc->forcedModified = false;
+    m_editor->setReadOnly(m_doc->displayOnly);
 
     if (!m_doc->languageChosen)
         applyLanguage(huge ? QString() : Languages::detect(m_doc->filePath, firstLineOf(utf8)));
@@ -272,13 +335,19 @@ bool SedGUI::saveTo(const QString &path)
 
 bool SedGUI::writeFile(const QString &path)
 {
-    prepareForSave();
-    const auto length =
-        static_cast<qsizetype>(m_editor->SendScintilla(QsciScintillaBase::SCI_GETLENGTH));
-    const auto *data = static_cast<const char *>(
-        m_editor->SendScintillaPtrResult(QsciScintillaBase::SCI_GETCHARACTERPOINTER));
-    // No copy of the buffer: it does not change while this function runs.
-    const QByteArray utf8 = QByteArray::fromRawData(data, length);
+    QByteArray utf8;
+    if (m_doc->displayOnly) {
+        // The editor shows display pieces; the file's own text is kept aside.
+        utf8 = m_doc->displayOnlyText;
+    } else {
+        prepareForSave();
+        const auto length =
+            static_cast<qsizetype>(m_editor->SendScintilla(QsciScintillaBase::SCI_GETLENGTH));
+        const auto *data = static_cast<const char *>(
+            m_editor->SendScintillaPtrResult(QsciScintillaBase::SCI_GETCHARACTERPOINTER));
+        // No copy of the buffer: it does not change while this function runs.
+        utf8 = QByteArray::fromRawData(data, length);
+    }
 
     TextFormat format = m_doc->format;
     QByteArray bytes;
@@ -330,7 +399,11 @@ void SedGUI::setTextFormat(const TextFormat &format)
         return;
     if (format.lineEnding != m_doc->format.lineEnding) {
         m_editor->setEolMode(eolMode(format.lineEnding));
-        m_editor->convertEols(eolMode(format.lineEnding));
+        if (m_doc->displayOnly)
+            m_doc->displayOnlyText =
+                TextFileCodec::convertLineEndings(m_doc->displayOnlyText, format.lineEnding);
+        else
+            m_editor->convertEols(eolMode(format.lineEnding));
     }
     m_doc->format = format;
     setForcedModified(true);

@@ -1,3 +1,4 @@
+#include "infobar.h"
 #include "promptrecorder.h"
 #include "sedgui.h"
 #include "textformat.h"
@@ -57,6 +58,7 @@ private Q_SLOTS:
     void missingPathCreatesNothingUntilSaved();
     void languageFollowsNameAndFirstLine_data();
     void languageFollowsNameAndFirstLine();
+    void hugeLineOpensPlainAndSavesExactly_data();
     void hugeLineOpensPlainAndSavesExactly();
     void processArgsMovesToLine();
 
@@ -305,12 +307,29 @@ void TestSedGUI::languageFollowsNameAndFirstLine()
     QCOMPARE(tool.editor()->lexer() != nullptr, !language.isEmpty());
 }
 
+void TestSedGUI::hugeLineOpensPlainAndSavesExactly_data()
+{
+    QTest::addColumn<int>("lineBytes");
+    QTest::addColumn<QByteArray>("ending");
+    QTest::addColumn<bool>("readOnly");
+
+    QTest::newRow("200 KB line stays editable") << 200 * 1024 << QByteArray("\n") << false;
+    QTest::newRow("5 MB line, LF") << 5 * 1024 * 1024 << QByteArray("\n") << true;
+    QTest::newRow("5 MB line, CRLF") << 5 * 1024 * 1024 << QByteArray("\r\n") << true;
+}
+
 void TestSedGUI::hugeLineOpensPlainAndSavesExactly()
 {
-    QByteArray bytes(5 * 1024 * 1024, 'a');
-    for (qsizetype i = 0; i < bytes.size(); i += 7)
-        bytes[i] = "{}();x "[i % 7];
-    bytes.append("\n");
+    QFETCH(int, lineBytes);
+    QFETCH(QByteArray, ending);
+    QFETCH(bool, readOnly);
+
+    // Multi-byte characters throughout: display breaks must not split them.
+    QByteArray line;
+    line.reserve(lineBytes);
+    while (line.size() < lineBytes)
+        line += "{x}(\xc3\xa9);\xe2\x82\xac ";
+    const QByteArray bytes = "short" + ending + line + ending + line + ending + "end";
     const QString path = m_dir.filePath(QStringLiteral("huge.c"));
     writeAll(path, bytes);
     PromptRecorder prompts;
@@ -319,7 +338,14 @@ void TestSedGUI::hugeLineOpensPlainAndSavesExactly()
     QVERIFY(tool.hasHugeLines());
     QVERIFY(tool.editor()->lexer() == nullptr);
     QCOMPARE(tool.editor()->wrapMode(), QsciScintilla::WrapNone);
-    QVERIFY(!tool.editor()->isReadOnly());
+    QCOMPARE(tool.editor()->isReadOnly(), readOnly);
+    QVERIFY(!tool.infoBar()->message().isEmpty());
+    QVERIFY(!tool.isModified());
+    if (readOnly) {
+        QVERIFY(tool.editor()->lines() > 2 * lineBytes / 1000);
+        for (int i = 0; i < tool.editor()->lines(); ++i)
+            QVERIFY(tool.editor()->text(i).size() <= 1002);
+    }
     QVERIFY(tool.saveTo(path));
     QVERIFY(readAll(path) == bytes);
 }
