@@ -125,6 +125,144 @@
     </message>
 </context>
 <context>
+    <name>FindInFiles</name>
+    <message>
+        <source>Find in Files</source>
+        <translation>In Dateien suchen</translation>
+    </message>
+    <message>
+        <source>Searching...</source>
+        <translation>Suche läuft...</translation>
+    </message>
+    <message>
+        <source>Searching: %1 files searched, %2 hits</source>
+        <translation>Suche: %1 Dateien durchsucht, %2 Treffer</translation>
+    </message>
+    <message>
+        <source>... %1 more hits not shown</source>
+        <translation>... %1 weitere Treffer nicht angezeigt</translation>
+    </message>
+    <message>
+        <source>regular expression</source>
+        <translation>regulärer Ausdruck</translation>
+    </message>
+    <message>
+        <source>match case</source>
+        <translation>Groß-/Kleinschreibung beachten</translation>
+    </message>
+    <message>
+        <source>any case</source>
+        <translation>Groß-/Kleinschreibung egal</translation>
+    </message>
+    <message>
+        <source>whole words</source>
+        <translation>ganze Wörter</translation>
+    </message>
+    <message>
+        <source>files %1</source>
+        <translation>Dateien %1</translation>
+    </message>
+    <message>
+        <source>Searching for "%1" in %2 (%3)</source>
+        <translation>Suche nach „%1“ in %2 (%3)</translation>
+    </message>
+    <message>
+        <source>1 hit</source>
+        <translation>1 Treffer</translation>
+    </message>
+    <message>
+        <source>%1 hits</source>
+        <translation>%1 Treffer</translation>
+    </message>
+    <message>
+        <source> in 1 file</source>
+        <translation> in 1 Datei</translation>
+    </message>
+    <message>
+        <source> in %1 files</source>
+        <translation> in %1 Dateien</translation>
+    </message>
+    <message>
+        <source> (%1 files searched</source>
+        <translation> (%1 Dateien durchsucht</translation>
+    </message>
+    <message>
+        <source>, %1 binary skipped</source>
+        <translation>, %1 binäre übersprungen</translation>
+    </message>
+    <message>
+        <source>, %1 could not be read</source>
+        <translation>, %1 nicht lesbar</translation>
+    </message>
+    <message>
+        <source>; search stopped</source>
+        <translation>; Suche angehalten</translation>
+    </message>
+</context>
+<context>
+    <name>FindInFilesDialog</name>
+    <message>
+        <source>Find in Files</source>
+        <translation>In Dateien suchen</translation>
+    </message>
+    <message>
+        <source>&amp;Browse...</source>
+        <translation>&amp;Durchsuchen...</translation>
+    </message>
+    <message>
+        <source>All files, or globs such as *.cpp; *.h</source>
+        <translation>Alle Dateien, oder Muster wie *.cpp; *.h</translation>
+    </message>
+    <message>
+        <source>Fi&amp;nd what:</source>
+        <translation>Such&amp;begriff:</translation>
+    </message>
+    <message>
+        <source>In &amp;folder:</source>
+        <translation>In &amp;Ordner:</translation>
+    </message>
+    <message>
+        <source>&amp;Include files:</source>
+        <translation>Dateien e&amp;inschließen:</translation>
+    </message>
+    <message>
+        <source>E&amp;xclude:</source>
+        <translation>&amp;Ausschließen:</translation>
+    </message>
+    <message>
+        <source>Match &amp;case</source>
+        <translation>Groß-/&amp;Kleinschreibung beachten</translation>
+    </message>
+    <message>
+        <source>&amp;Whole words</source>
+        <translation>&amp;Ganze Wörter</translation>
+    </message>
+    <message>
+        <source>Regular e&amp;xpression</source>
+        <translation>Regulärer A&amp;usdruck</translation>
+    </message>
+    <message>
+        <source>Search &amp;hidden files</source>
+        <translation>&amp;Versteckte Dateien durchsuchen</translation>
+    </message>
+    <message>
+        <source>&amp;Find</source>
+        <translation>&amp;Suchen</translation>
+    </message>
+    <message>
+        <source>&amp;Stop</source>
+        <translation>S&amp;toppen</translation>
+    </message>
+    <message>
+        <source>Find in Folder</source>
+        <translation>Im Ordner suchen</translation>
+    </message>
+    <message>
+        <source>The folder %1 does not exist.</source>
+        <translation>Der Ordner %1 existiert nicht.</translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>Ready</source>
@@ -310,6 +448,237 @@
     </message>
 </context>
 <context>
+    <name>koru::sedgui::DocumentPrinter</name>
+    <message>
+        <source>Page %1</source>
+        <translation>Seite %1</translation>
+    </message>
+</context>
+<context>
+    <name>koru::sedgui::EditorActions</name>
+    <message>
+        <source>Toggle &amp;Comment</source>
+        <translation>&amp;Kommentar umschalten</translation>
+    </message>
+    <message>
+        <source>Ctrl+/</source>
+        <translation>Ctrl+/</translation>
+    </message>
+    <message>
+        <source>&amp;Duplicate Line</source>
+        <translation>Zeile &amp;duplizieren</translation>
+    </message>
+    <message>
+        <source>Ctrl+D</source>
+        <translation>Ctrl+D</translation>
+    </message>
+    <message>
+        <source>Move Line &amp;Up</source>
+        <translation>Zeile nach &amp;oben</translation>
+    </message>
+    <message>
+        <source>Alt+Up</source>
+        <translation>Alt+Up</translation>
+    </message>
+    <message>
+        <source>Move Line Do&amp;wn</source>
+        <translation>Zeile nach &amp;unten</translation>
+    </message>
+    <message>
+        <source>Alt+Down</source>
+        <translation>Alt+Down</translation>
+    </message>
+    <message>
+        <source>U&amp;pper Case</source>
+        <translation>&amp;Großbuchstaben</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+U</source>
+        <translation>Ctrl+Shift+U</translation>
+    </message>
+    <message>
+        <source>&amp;Lower Case</source>
+        <translation>K&amp;leinbuchstaben</translation>
+    </message>
+    <message>
+        <source>Ctrl+U</source>
+        <translation>Ctrl+U</translation>
+    </message>
+    <message>
+        <source>&amp;Indent</source>
+        <translation>&amp;Einrücken</translation>
+    </message>
+    <message>
+        <source>Ctrl+]</source>
+        <translation>Ctrl+]</translation>
+    </message>
+    <message>
+        <source>U&amp;nindent</source>
+        <translation>&amp;Ausrücken</translation>
+    </message>
+    <message>
+        <source>Ctrl+[</source>
+        <translation>Ctrl+[</translation>
+    </message>
+    <message>
+        <source>Line &amp;Numbers</source>
+        <translation>&amp;Zeilennummern</translation>
+    </message>
+    <message>
+        <source>&amp;Word Wrap</source>
+        <translation>Zeilen&amp;umbruch</translation>
+    </message>
+    <message>
+        <source>Alt+Z</source>
+        <translation>Alt+Z</translation>
+    </message>
+    <message>
+        <source>Show W&amp;hitespace</source>
+        <translation>&amp;Leerraum anzeigen</translation>
+    </message>
+    <message>
+        <source>Show Line &amp;Endings</source>
+        <translation>Zeilen&amp;enden anzeigen</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;In</source>
+        <translation>&amp;Vergrößern</translation>
+    </message>
+    <message>
+        <source>Ctrl++</source>
+        <translation>Ctrl++</translation>
+    </message>
+    <message>
+        <source>Ctrl+=</source>
+        <translation>Ctrl+=</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;Out</source>
+        <translation>Ver&amp;kleinern</translation>
+    </message>
+    <message>
+        <source>Ctrl+-</source>
+        <translation>Ctrl+-</translation>
+    </message>
+    <message>
+        <source>&amp;Reset Zoom</source>
+        <translation>&amp;Originalgröße</translation>
+    </message>
+    <message>
+        <source>Ctrl+0</source>
+        <translation>Ctrl+0</translation>
+    </message>
+    <message>
+        <source>&amp;Fold All</source>
+        <translation>Alles einkla&amp;ppen</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+[</source>
+        <translation>Ctrl+Shift+[</translation>
+    </message>
+    <message>
+        <source>&amp;Unfold All</source>
+        <translation>Alles &amp;ausklappen</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+]</source>
+        <translation>Ctrl+Shift+]</translation>
+    </message>
+    <message>
+        <source>En&amp;coding</source>
+        <translation>&amp;Kodierung</translation>
+    </message>
+    <message>
+        <source>&amp;Line Endings</source>
+        <translation>Zeilene&amp;nden</translation>
+    </message>
+    <message>
+        <source>&amp;Syntax</source>
+        <translation>&amp;Syntax</translation>
+    </message>
+    <message>
+        <source>Save with Encoding</source>
+        <translation>Mit Kodierung speichern</translation>
+    </message>
+    <message>
+        <source>The document cannot be saved in %1: %2
+It keeps the encoding %3.</source>
+        <translation>Das Dokument kann nicht in %1 gespeichert werden: %2
+Es behält die Kodierung %3.</translation>
+    </message>
+    <message>
+        <source>&amp;Reopen with Encoding</source>
+        <translation>Mit Kodierung &amp;neu öffnen</translation>
+    </message>
+    <message>
+        <source>&amp;Save with Encoding</source>
+        <translation>Mit Kodierung &amp;speichern</translation>
+    </message>
+    <message>
+        <source>Unix and macOS (LF)</source>
+        <translation>Unix und macOS (LF)</translation>
+    </message>
+    <message>
+        <source>Windows (CRLF)</source>
+        <translation>Windows (CRLF)</translation>
+    </message>
+    <message>
+        <source>Classic Mac OS (CR)</source>
+        <translation>Klassisches Mac OS (CR)</translation>
+    </message>
+    <message>
+        <source>Plain Text</source>
+        <translation>Reiner Text</translation>
+    </message>
+</context>
+<context>
+    <name>koru::sedgui::EditorOptionsPage</name>
+    <message>
+        <source>Indent with &amp;spaces</source>
+        <translation>Mit &amp;Leerzeichen einrücken</translation>
+    </message>
+    <message>
+        <source>&amp;Automatic indentation</source>
+        <translation>&amp;Automatisch einrücken</translation>
+    </message>
+    <message>
+        <source>Show line &amp;numbers</source>
+        <translation>&amp;Zeilennummern anzeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Wrap long lines</source>
+        <translation>Lange Zeilen &amp;umbrechen</translation>
+    </message>
+    <message>
+        <source>Show &amp;whitespace</source>
+        <translation>Leer&amp;raum anzeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Highlight the current line</source>
+        <translation>Aktuelle Zeile &amp;hervorheben</translation>
+    </message>
+    <message>
+        <source>Highlight matching &amp;braces</source>
+        <translation>Passende &amp;Klammern hervorheben</translation>
+    </message>
+    <message>
+        <source> pt</source>
+        <translation> pt</translation>
+    </message>
+    <message>
+        <source>&amp;Font:</source>
+        <translation>&amp;Schrift:</translation>
+    </message>
+    <message>
+        <source>Font si&amp;ze:</source>
+        <translation>Schrift&amp;größe:</translation>
+    </message>
+    <message>
+        <source>&amp;Tab width:</source>
+        <translation>&amp;Tabulatorbreite:</translation>
+    </message>
+</context>
+<context>
     <name>koru::sedgui::FileReader</name>
     <message>
         <source>Cannot open %1: %2</source>
@@ -321,10 +690,153 @@
     </message>
 </context>
 <context>
+    <name>koru::sedgui::FilesOptionsPage</name>
+    <message>
+        <source>&amp;Reload files changed by other programs when they are not modified here, without asking</source>
+        <translation>Von anderen Programmen geänderte Dateien ohne Rückfrage &amp;neu laden, wenn sie hier nicht geändert sind</translation>
+    </message>
+    <message>
+        <source>&amp;Trim trailing whitespace when saving</source>
+        <translation>Leerraum am Zeilenende beim Speichern &amp;entfernen</translation>
+    </message>
+    <message>
+        <source>Unix and macOS (LF)</source>
+        <translation>Unix und macOS (LF)</translation>
+    </message>
+    <message>
+        <source>Windows (CRLF)</source>
+        <translation>Windows (CRLF)</translation>
+    </message>
+    <message>
+        <source>Classic Mac OS (CR)</source>
+        <translation>Klassisches Mac OS (CR)</translation>
+    </message>
+    <message>
+        <source>&amp;Encoding of new documents:</source>
+        <translation>&amp;Kodierung neuer Dokumente:</translation>
+    </message>
+    <message>
+        <source>&amp;Line ending of new documents:</source>
+        <translation>&amp;Zeilenende neuer Dokumente:</translation>
+    </message>
+</context>
+<context>
+    <name>koru::sedgui::FindBar</name>
+    <message>
+        <source>Re&amp;place:</source>
+        <translation>Ersetzen &amp;durch:</translation>
+    </message>
+    <message>
+        <source>&amp;Replace</source>
+        <translation>&amp;Ersetzen</translation>
+    </message>
+    <message>
+        <source>Replace &amp;All</source>
+        <translation>&amp;Alle ersetzen</translation>
+    </message>
+    <message>
+        <source>Re&amp;gular expression</source>
+        <translation>Re&amp;gulärer Ausdruck</translation>
+    </message>
+    <message>
+        <source>&amp;Match case</source>
+        <translation>Groß-/&amp;Kleinschreibung</translation>
+    </message>
+    <message>
+        <source>&amp;Whole word</source>
+        <translation>Ganzes &amp;Wort</translation>
+    </message>
+    <message>
+        <source>Wra&amp;p around</source>
+        <translation>Am Ende &amp;umbrechen</translation>
+    </message>
+    <message>
+        <source>&amp;Backwards</source>
+        <translation>&amp;Rückwärts</translation>
+    </message>
+    <message>
+        <source>Text to find</source>
+        <translation>Zu suchender Text</translation>
+    </message>
+    <message>
+        <source>Replacement</source>
+        <translation>Ersetzung</translation>
+    </message>
+    <message>
+        <source>( ) captures a group, \&lt; and \&gt; match word bounds; \1 to \9 in the replacement insert the groups, \0 the whole match.</source>
+        <translation>( ) erfasst eine Gruppe, \&lt; und \&gt; passen auf Wortgrenzen; \1 bis \9 in der Ersetzung fügen die Gruppen ein, \0 den ganzen Treffer.</translation>
+    </message>
+    <message>
+        <source>F&amp;ind:</source>
+        <translation>Such&amp;text:</translation>
+    </message>
+    <message>
+        <source>&amp;Find</source>
+        <translation>&amp;Suchen</translation>
+    </message>
+    <message>
+        <source>Close (Escape)</source>
+        <translation>Schließen (Escape)</translation>
+    </message>
+    <message>
+        <source>Type the text to find.</source>
+        <translation>Geben Sie den zu suchenden Text ein.</translation>
+    </message>
+    <message>
+        <source>The document is read-only.</source>
+        <translation>Das Dokument ist schreibgeschützt.</translation>
+    </message>
+    <message>
+        <source>The regular expression is not valid.</source>
+        <translation>Der reguläre Ausdruck ist ungültig.</translation>
+    </message>
+    <message>
+        <source>Not found.</source>
+        <translation>Nicht gefunden.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Replaced %n occurrence(s).</source>
+        <translation>
+            <numerusform>%n Vorkommen ersetzt.</numerusform>
+            <numerusform>%n Vorkommen ersetzt.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Search wrapped around.</source>
+        <translation>Die Suche hat am Anfang neu begonnen.</translation>
+    </message>
+</context>
+<context>
+    <name>koru::sedgui::GoToDialog</name>
+    <message>
+        <source>Go To Line</source>
+        <translation>Gehe zu Zeile</translation>
+    </message>
+    <message>
+        <source>&amp;Line (1 - %1), optionally line:column:</source>
+        <translation>&amp;Zeile (1 - %1), wahlweise Zeile:Spalte:</translation>
+    </message>
+    <message>
+        <source>Type a line number, or line:column such as 12:5.</source>
+        <translation>Geben Sie eine Zeilennummer ein, oder Zeile:Spalte wie 12:5.</translation>
+    </message>
+</context>
+<context>
     <name>koru::sedgui::InfoBar</name>
     <message>
         <source>Close</source>
         <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>koru::sedgui::OptionPages</name>
+    <message>
+        <source>Options</source>
+        <translation>Optionen</translation>
+    </message>
+    <message>
+        <source>The options could not be saved: the settings file cannot be read or written. The open documents keep their settings.</source>
+        <translation>Die Optionen konnten nicht gespeichert werden: die Einstellungsdatei kann nicht gelesen oder geschrieben werden. Die offenen Dokumente behalten ihre Einstellungen.</translation>
     </message>
 </context>
 <context>
@@ -355,6 +867,140 @@
     <message>
         <source>it is %1</source>
         <translation>es ist %1</translation>
+    </message>
+</context>
+<context>
+    <name>koru::sedgui::SedApp</name>
+    <message>
+        <source>Editor</source>
+        <translation>Editor</translation>
+    </message>
+    <message>
+        <source>Open File</source>
+        <translation>Datei öffnen</translation>
+    </message>
+</context>
+<context>
+    <name>koru::sedgui::SedGUI</name>
+    <message>
+        <source>Untitled %1</source>
+        <translation>Unbenannt %1</translation>
+    </message>
+    <message>
+        <source>Close Document</source>
+        <translation>Dokument schließen</translation>
+    </message>
+    <message>
+        <source>Save the changes to %1 before closing?</source>
+        <translation>Die Änderungen an %1 vor dem Schließen speichern?</translation>
+    </message>
+    <message>
+        <source>%1 does not exist yet; it will be created when you save.</source>
+        <translation>%1 existiert noch nicht; die Datei wird beim Speichern angelegt.</translation>
+    </message>
+    <message>
+        <source>This file has a line too long to edit (%1 KB): it is shown read-only, broken into short display lines. Saving writes the file's own lines unchanged.</source>
+        <translation>Diese Datei hat eine zum Bearbeiten zu lange Zeile (%1 KB): sie wird schreibgeschützt in kurzen Anzeigezeilen gezeigt. Speichern schreibt die eigenen Zeilen der Datei unverändert.</translation>
+    </message>
+    <message>
+        <source>This file has very long lines: syntax colouring and line wrapping are off to keep editing responsive.</source>
+        <translation>Diese Datei hat sehr lange Zeilen: Syntaxhervorhebung und Zeilenumbruch sind aus, damit das Bearbeiten flüssig bleibt.</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>%1 has changed on disk since it was loaded or saved.
+
+Overwrite it with your text?</source>
+        <translation>%1 wurde auf der Festplatte geändert, seit die Datei geladen oder gespeichert wurde.
+
+Mit Ihrem Text überschreiben?</translation>
+    </message>
+    <message>
+        <source>Save As</source>
+        <translation>Speichern unter</translation>
+    </message>
+    <message>
+        <source>Cannot save as %1: it is open in another tab. Close that tab first.</source>
+        <translation>Speichern als %1 nicht möglich: die Datei ist in einem anderen Reiter geöffnet. Schließen Sie diesen Reiter zuerst.</translation>
+    </message>
+    <message>
+        <source>Cannot save %1 in %2: %3
+
+Save it in UTF-8 instead?</source>
+        <translation>%1 kann nicht in %2 gespeichert werden: %3
+
+Stattdessen in UTF-8 speichern?</translation>
+    </message>
+    <message>
+        <source>Reopen</source>
+        <translation>Neu öffnen</translation>
+    </message>
+    <message>
+        <source>Reopening %1 with another encoding replaces your unsaved changes (Undo brings them back).
+
+Reopen it?</source>
+        <translation>Das erneute Öffnen von %1 mit einer anderen Kodierung ersetzt Ihre ungespeicherten Änderungen (Rückgängig holt sie zurück).
+
+Neu öffnen?</translation>
+    </message>
+    <message>
+        <source>Reload</source>
+        <translation>Neu laden</translation>
+    </message>
+    <message>
+        <source>%1 was deleted or moved on disk. Your text is kept; saving writes it there again.</source>
+        <translation>%1 wurde auf der Festplatte gelöscht oder verschoben. Ihr Text bleibt erhalten; Speichern schreibt ihn wieder dorthin.</translation>
+    </message>
+    <message>
+        <source>File Changed on Disk</source>
+        <translation>Datei auf der Festplatte geändert</translation>
+    </message>
+    <message>
+        <source>%1 has changed on disk, and you have unsaved changes.
+
+Keep your text (saving will overwrite the file), or reload the file from disk (Undo brings your text back)?</source>
+        <translation>%1 wurde auf der Festplatte geändert, und Sie haben ungespeicherte Änderungen.
+
+Ihren Text behalten (Speichern überschreibt die Datei) oder die Datei von der Festplatte neu laden (Rückgängig holt Ihren Text zurück)?</translation>
+    </message>
+    <message>
+        <source>%1 has changed on disk.
+
+Reload it?</source>
+        <translation>%1 wurde auf der Festplatte geändert.
+
+Neu laden?</translation>
+    </message>
+    <message>
+        <source>%1 has changed on disk; you kept your text.</source>
+        <translation>%1 wurde auf der Festplatte geändert; Sie haben Ihren Text behalten.</translation>
+    </message>
+    <message>
+        <source>%1 has changed on disk.</source>
+        <translation>%1 wurde auf der Festplatte geändert.</translation>
+    </message>
+    <message>
+        <source>Review</source>
+        <translation>Prüfen</translation>
+    </message>
+    <message>
+        <source>Print Preview - %1</source>
+        <translation>Druckvorschau - %1</translation>
+    </message>
+    <message>
+        <source>Print %1</source>
+        <translation>%1 drucken</translation>
+    </message>
+    <message>
+        <source>Print</source>
+        <translation>Drucken</translation>
+    </message>
+    <message>
+        <source>%1 could not be printed: the printer or the output file is not available.</source>
+        <translation>%1 konnte nicht gedruckt werden: der Drucker oder die Ausgabedatei ist nicht verfügbar.</translation>
     </message>
 </context>
 <context>

@@ -74,7 +74,9 @@ void TestAppSetup::translationIsComplete()
             ++messages;
             const bool unfinished =
                 xml.attributes().value(QLatin1String("type")) == QLatin1String("unfinished");
-            const QString translation = xml.readElementText();
+            // Plural forms come as child elements; their texts run together.
+            const QString translation =
+                xml.readElementText(QXmlStreamReader::IncludeChildElements).trimmed();
             const QString where = context + QStringLiteral(": ") + source;
             if (unfinished || translation.isEmpty())
                 problems << QStringLiteral("untranslated ") + where;
