@@ -1,8 +1,11 @@
+#include "fakecontrol.h"
+#include "fakeoptionpage.h"
 #include "fakeoptiontool.h"
 #include "optdlg.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>
+#include <QPluginLoader>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QTest>
@@ -78,6 +81,7 @@ private slots:
     void cancelAppliesNothing();
     void defaultRestoresOnlyPageOnShow();
     void emptyPageIgnoresApplyAndDefault();
+    void drivesPagesOfLoadedPlugin();
 };
 
 void TestOptDlg::startsOnTheEmptyPage()
@@ -202,6 +206,36 @@ void TestOptDlg::emptyPageIgnoresApplyAndDefault()
     f.dialog->applyCurrentPage();
     QVERIFY(f.journal.isEmpty());
     QVERIFY(f.dialog->isVisible());
+}
+
+void TestOptDlg::drivesPagesOfLoadedPlugin()
+{
+    FakeControl &fake = *FakeControl::instance();
+    fake.reset();
+    fake.pageNames = QStringList{"Editor", "Files"};
+    QPluginLoader loader(QCoreApplication::applicationDirPath() + "/toolapps/libsedapp.so");
+    auto *tool = qobject_cast<hubAppInterface *>(loader.instance());
+    QVERIFY2(tool, qPrintable(loader.errorString()));
+    QList<hubAppInterface *> tools{nullptr, tool};
+    OptDlg dialog(&tools, nullptr, {});
+    dialog.show();
+    auto *tree = dialog.findChild<QTreeView *>();
+    auto *buttons = dialog.findChild<QDialogButtonBox *>();
+    FakeOptionPage *editor = fake.page("Editor");
+    FakeOptionPage *files = fake.page("Files");
+    QVERIFY(editor && files);
+
+    tree->setCurrentIndex(tree->model()->index(1, 0, tree->model()->index(1, 0)));
+    QCOMPARE(dialog.findChild<QStackedWidget *>()->currentWidget(), files);
+    QTest::mouseClick(buttons->button(QDialogButtonBox::Apply), Qt::LeftButton);
+    QTest::mouseClick(buttons->button(QDialogButtonBox::Ok), Qt::LeftButton);
+
+    QCOMPARE(files->refreshCount, 1);
+    QCOMPARE(editor->refreshCount, 0);
+    QCOMPARE(files->applyCount, 2);
+    QCOMPARE(editor->applyCount, 1);
+    QCOMPARE(editor->restoreCount + files->restoreCount, 0);
+    QCOMPARE(dialog.result(), int(QDialog::Accepted));
 }
 
 QTEST_MAIN(TestOptDlg)
