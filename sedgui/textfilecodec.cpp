@@ -198,6 +198,34 @@ LineEndingCounts countLineEndings(const QByteArray &bytes)
     return {allLf - crlf, allCr - crlf, crlf};
 }
 
+// UTF-16 without a BOM: text in a Latin or Cyrillic script has a zero byte
+// in nearly every unit, always on the same side, and no unit that is all
+// zero. Only the start is looked at; decoding all of it decides.
+bool looksLikeUtf16(const QByteArray &bytes, QByteArray *encoding)
+{
+    const qsizetype sample = qMin<qsizetype>(bytes.size(), 64 * 1024) & ~qsizetype(1);
+    if (sample < 2 || bytes.size() % 2 != 0 || !std::memchr(bytes.constData(), 0, size_t(sample)))
+        return false;
+    qsizetype zeroEven = 0;
+    qsizetype zeroOdd = 0;
+    for (qsizetype i = 0; i < sample; i += 2) {
+        const bool even = bytes.at(i) == 0;
+        const bool odd = bytes.at(i + 1) == 0;
+        if (even && odd)
+            return false;
+        zeroEven += even;
+        zeroOdd += odd;
+    }
+    const qsizetype units = sample / 2;
+    if (zeroOdd * 2 >= units && zeroEven * 20 < units)
+        *encoding = "UTF-16LE";
+    else if (zeroEven * 2 >= units && zeroOdd * 20 < units)
+        *encoding = "UTF-16BE";
+    else
+        return false;
+    return true;
+}
+
 bool hasC1Bytes(const QByteArray &bytes)
 {
     for (const char c : bytes) {
@@ -255,6 +283,17 @@ DecodedText TextFileCodec::decode(const QByteArray &bytes)
         return rawText(bytes, tr("The file starts with a %1 byte order mark but is not valid "
                                  "%1: the bytes are kept as they are.")
                                   .arg(QLatin1String(bom.encoding)));
+    }
+
+    QByteArray utf16Encoding;
+    if (looksLikeUtf16(bytes, &utf16Encoding)) {
+        DecodedText text;
+        if (decodeUnicode(bytes, 0, utf16Encoding, &text.utf8)) {
+            text.format.encoding = utf16Encoding;
+            text.notice = tr("No byte order mark: opened as %1.").arg(QLatin1String(utf16Encoding));
+            finish(&text);
+            return text;
+        }
     }
 
     if (isValidUtf8(bytes.constData(), bytes.size())) {
