@@ -13,6 +13,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QFontDatabase>
+#include <QMimeData>
 #include <QSet>
 #include <QVBoxLayout>
 
@@ -35,6 +36,22 @@ int freeUntitledNumber()
     while (used.contains(number))
         ++number;
     return number;
+}
+
+// Whether the clipboard holds text, asked of the clipboard once per change
+// for all tools: on X11 every question is a round trip to the clipboard's owner.
+bool clipboardHasText()
+{
+    static bool hasText = [] {
+        QClipboard *clipboard = QApplication::clipboard();
+        QObject::connect(clipboard, &QClipboard::dataChanged, clipboard, [clipboard] {
+            const QMimeData *data = clipboard->mimeData();
+            hasText = data && data->hasText();
+        });
+        const QMimeData *data = clipboard->mimeData();
+        return data && data->hasText();
+    }();
+    return hasText;
 }
 
 } // namespace
@@ -80,12 +97,9 @@ SedGUI::SedGUI(QWidget *parent)
         emitEditState(false);
         updateTitle();
     });
-    QClipboard *clipboard = QApplication::clipboard();
-    m_doc->clipboardHasText = !clipboard->text().isEmpty();
-    connect(clipboard, &QClipboard::dataChanged, this, [this, clipboard] {
-        m_doc->clipboardHasText = !clipboard->text().isEmpty();
-        emitEditState(false);
-    });
+    clipboardHasText(); // connected before the tools below, so it is up to date for them
+    connect(QApplication::clipboard(), &QClipboard::dataChanged, this,
+            [this] { emitEditState(false); });
     connect(m_infoBar, &InfoBar::actionTriggered, this, [this] {
         m_infoBar->clearMessage();
         handleExternalChange();
@@ -298,7 +312,7 @@ void SedGUI::emitEditState(bool force)
     state.redo = m_editor->isRedoAvailable();
     state.copy = m_editor->hasSelectedText();
     state.cut = state.copy && !m_editor->isReadOnly();
-    state.paste = m_doc->clipboardHasText && !m_editor->isReadOnly();
+    state.paste = clipboardHasText() && !m_editor->isReadOnly();
     state.modified = isModified();
 
     const DocumentState::EditState shown = m_doc->shown;
