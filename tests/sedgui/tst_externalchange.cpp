@@ -1,3 +1,4 @@
+#include "editorsettings.h"
 #include "infobar.h"
 #include "promptrecorder.h"
 #include "sedgui.h"
@@ -10,6 +11,7 @@
 
 #include <Qsci/qsciscintilla.h>
 
+using koru::sedgui::EditorSettings;
 using koru::sedgui::SedGUI;
 using koru::sedgui::TemplateTree;
 using koru::sedgui::UserPrompt;
@@ -71,6 +73,7 @@ void TestExternalChange::init()
 {
     QVERIFY(m_dir.isValid());
     m_path = m_dir.filePath(QStringLiteral("watched.txt"));
+    EditorSettings::store(EditorSettings::defaults());
 }
 
 void TestExternalChange::cleanup()
@@ -93,29 +96,39 @@ SedGUI *TestExternalChange::open(const QByteArray &bytes)
 
 void TestExternalChange::unmodifiedDocument_data()
 {
+    QTest::addColumn<bool>("silently");
     QTest::addColumn<int>("answer");
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("modifiedAfter");
 
-    QTest::newRow("reload") << int(UserPrompt::Reload) << "outside edit\n" << false;
-    QTest::newRow("keep") << int(UserPrompt::Keep) << "original\n" << true;
+    QTest::newRow("reload") << false << int(UserPrompt::Reload) << "outside edit\n" << false;
+    QTest::newRow("keep") << false << int(UserPrompt::Keep) << "original\n" << true;
+    QTest::newRow("reload silently by option") << true << -1 << "outside edit\n" << false;
 }
 
 void TestExternalChange::unmodifiedDocument()
 {
+    QFETCH(bool, silently);
     QFETCH(int, answer);
     QFETCH(QString, text);
     QFETCH(bool, modifiedAfter);
 
+    // The runner gives every test its own empty settings folder.
+    EditorSettings::Values settings = EditorSettings::load();
+    settings.reloadUnmodifiedSilently = silently;
+    EditorSettings::store(settings);
     PromptRecorder prompts;
-    prompts.answers = {UserPrompt::Button(answer)};
+    if (answer >= 0)
+        prompts.answers = {UserPrompt::Button(answer)};
     SedGUI *tool = open("original\n");
     writeInPlace(m_path, "outside edit\n");
 
     QCOMPARE(TemplateTree::Instance()->checkFileChanged(), tool);
-    QCOMPARE(prompts.asked.size(), 1);
-    QVERIFY(prompts.asked.first().text.contains(m_path));
-    QCOMPARE(prompts.asked.first().escapeButton, UserPrompt::Keep);
+    QCOMPARE(prompts.asked.size(), silently ? 0 : 1);
+    if (!silently) {
+        QVERIFY(prompts.asked.first().text.contains(m_path));
+        QCOMPARE(prompts.asked.first().escapeButton, UserPrompt::Keep);
+    }
     QCOMPARE(tool->editor()->text(), text);
     QCOMPARE(tool->isModified(), modifiedAfter);
     QCOMPARE(readAll(m_path), QByteArray("outside edit\n"));
@@ -123,7 +136,7 @@ void TestExternalChange::unmodifiedDocument()
     // The same on-disk state is never asked about again.
     QCOMPARE(TemplateTree::Instance()->checkFileChanged(), nullptr);
     QCOMPARE(TemplateTree::Instance()->checkFileChanged(), nullptr);
-    QCOMPARE(prompts.asked.size(), 1);
+    QCOMPARE(prompts.asked.size(), silently ? 0 : 1);
 }
 
 void TestExternalChange::modifiedDocument_data()
