@@ -87,9 +87,6 @@ SedGUI::SedGUI(QWidget *parent)
     m_editor->setCaretLineVisible(true);
     m_editor->setBraceMatching(QsciScintilla::SloppyBraceMatch);
     m_editor->setAutoIndent(true);
-    // Styling beyond the visible text happens while idle, so big files paint at once.
-    m_editor->SendScintilla(QsciScintillaBase::SCI_SETIDLESTYLING,
-                            QsciScintillaBase::SC_IDLESTYLING_AFTERVISIBLE);
 
     connect(m_editor, &QsciScintilla::textChanged, this, [this] { emitEditState(false); });
     connect(m_editor, &QsciScintilla::selectionChanged, this, [this] { emitEditState(false); });

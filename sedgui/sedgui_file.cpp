@@ -196,7 +196,16 @@ void SedGUI::applyDecoded(const QByteArray &utf8, bool keepUndo)
     m_editor->setEolMode(eolMode(m_doc->format.lineEnding));
 
     const auto length = static_cast<unsigned long>(shown.size());
-    if (keepUndo && !huge) {
+    const bool replaceUndoably = keepUndo && !huge;
+    if (!replaceUndoably) {
+        m_editor->SendScintilla(QsciScintillaBase::SCI_SETUNDOCOLLECTION, 0UL);
+        m_editor->SendScintilla(QsciScintillaBase::SCI_CLEARALL);
+    }
+    // Before the text goes in: a lexer set afterwards would colour the whole
+    // document at once instead of what is shown.
+    if (!m_doc->languageChosen)
+        applyLanguage(huge ? QString() : Languages::detect(m_doc->filePath, firstLineOf(utf8)));
+    if (replaceUndoably) {
         // One undo step: the user can take the reload back.
         m_editor->SendScintilla(QsciScintillaBase::SCI_BEGINUNDOACTION);
         m_editor->SendScintilla(QsciScintillaBase::SCI_SETTARGETRANGE, 0UL,
@@ -204,8 +213,6 @@ void SedGUI::applyDecoded(const QByteArray &utf8, bool keepUndo)
         m_editor->SendScintilla(QsciScintillaBase::SCI_REPLACETARGET, length, shown.constData());
         m_editor->SendScintilla(QsciScintillaBase::SCI_ENDUNDOACTION);
     } else {
-        m_editor->SendScintilla(QsciScintillaBase::SCI_SETUNDOCOLLECTION, 0UL);
-        m_editor->SendScintilla(QsciScintillaBase::SCI_CLEARALL);
         m_editor->SendScintilla(QsciScintillaBase::SCI_ALLOCATE, length + 1);
         // By length: NUL bytes and invalid UTF-8 survive.
         m_editor->SendScintilla(QsciScintillaBase::SCI_APPENDTEXT, length, shown.constData());
@@ -216,9 +223,6 @@ void SedGUI::applyDecoded(const QByteArray &utf8, bool keepUndo)
     m_editor->SendScintilla(QsciScintillaBase::SCI_SETSAVEPOINT);
     m_doc->forcedModified = false;
     m_editor->setReadOnly(m_doc->displayOnly);
-
-    if (!m_doc->languageChosen)
-        applyLanguage(huge ? QString() : Languages::detect(m_doc->filePath, firstLineOf(utf8)));
     emitEditState(false);
     updateTitle();
 }
