@@ -204,13 +204,15 @@ LineEndingCounts countLineEndings(const QByteArray &bytes)
 bool looksLikeUtf16(const QByteArray &bytes, QByteArray *encoding)
 {
     const qsizetype sample = qMin<qsizetype>(bytes.size(), 64 * 1024) & ~qsizetype(1);
-    if (sample < 2 || bytes.size() % 2 != 0 || !std::memchr(bytes.constData(), 0, size_t(sample)))
+    const char *data = bytes.constData();
+    if (sample < 2 || bytes.size() % 2 != 0 ||
+        std::find(data, data + sample, '\0') == data + sample)
         return false;
     qsizetype zeroEven = 0;
     qsizetype zeroOdd = 0;
     for (qsizetype i = 0; i < sample; i += 2) {
-        const bool even = bytes.at(i) == 0;
-        const bool odd = bytes.at(i + 1) == 0;
+        const bool even = data[i] == 0;
+        const bool odd = data[i + 1] == 0;
         if (even && odd)
             return false;
         zeroEven += even;
