@@ -9,7 +9,7 @@
 
 namespace {
 
-// Inspects the context menu when it shows, optionally triggers one entry, and closes it.
+// Reads the context menu when it shows, optionally triggers one entry, and closes it.
 class MenuWatcher : public QObject
 {
 public:
