@@ -10,8 +10,10 @@
 #include <QRandomGenerator>
 
 #include <cerrno>
+#include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 namespace koru::sedgui {
@@ -74,10 +76,36 @@ bool resolveLinks(const QString &path, QString *target)
     return false;
 }
 
+// Copies the extended attributes of the file at `from` (ACLs, labels, user
+// tags) to fd. False when one of them cannot be copied.
+bool copyExtendedAttributes(const QByteArray &from, int fd)
+{
+    QByteArray names(4096, Qt::Uninitialized);
+    ssize_t size;
+    while ((size = ::listxattr(from.constData(), names.data(), size_t(names.size()))) < 0 &&
+           errno == ERANGE)
+        names.resize(names.size() * 4);
+    if (size < 0)
+        return errno == ENOTSUP;
+    QByteArray value;
+    for (qsizetype at = 0; at < size;) {
+        const char *name = names.constData() + at;
+        at += qsizetype(std::strlen(name)) + 1;
+        const ssize_t length = ::getxattr(from.constData(), name, nullptr, 0);
+        if (length < 0)
+            return false;
+        value.resize(length);
+        if (::getxattr(from.constData(), name, value.data(), size_t(length)) != length ||
+            ::fsetxattr(fd, name, value.constData(), size_t(length), 0) != 0)
+            return false;
+    }
+    return true;
+}
+
 // Writes to a new file beside the target and renames it over the target:
 // at every moment the target is either all old or all new.
 bool saveByRename(const QByteArray &target, const QByteArray &dir, const struct stat *old,
-                  const QByteArray &bytes, int *savedErrno, bool *cannotKeepOwner)
+                  const QByteArray &bytes, int *savedErrno, bool *cannotKeepAttributes)
 {
     QByteArray tempName;
     // A new file gets 0666 less the umask, like any file the user creates.
@@ -89,13 +117,17 @@ bool saveByRename(const QByteArray &target, const QByteArray &dir, const struct 
     bool ok = true;
     if (old) {
         struct stat mine;
-        if (::fstat(fd, &mine) == 0 && (mine.st_uid != old->st_uid || mine.st_gid != old->st_gid) &&
-            ::fchown(fd, old->st_uid, old->st_gid) != 0) {
-            // Renaming would give the file away to us: write in place instead.
-            *cannotKeepOwner = true;
+        const bool ownerKept = ::fstat(fd, &mine) == 0 &&
+                               ((mine.st_uid == old->st_uid && mine.st_gid == old->st_gid) ||
+                                ::fchown(fd, old->st_uid, old->st_gid) == 0);
+        // Renaming would give the file away to us or drop its ACL: write in
+        // place instead.
+        if (!ownerKept || !copyExtendedAttributes(target, fd)) {
+            *cannotKeepAttributes = true;
             ok = false;
         }
-        // After chown, which clears set-id bits.
+        // After chown, which clears set-id bits, and after the ACL, whose
+        // mask the group bits then set.
         if (ok && ::fchmod(fd, old->st_mode & 07777) != 0)
             ok = false;
     }
@@ -232,10 +264,11 @@ bool SafeSaver::save(const QString &path, const QByteArray &bytes, QString *erro
     const bool renameKeepsAll = !exists || (st.st_nlink == 1 && dirWritable);
     if (renameKeepsAll) {
         int savedErrno = 0;
-        bool cannotKeepOwner = false;
-        if (saveByRename(target, dir, exists ? &st : nullptr, bytes, &savedErrno, &cannotKeepOwner))
+        bool cannotKeepAttributes = false;
+        if (saveByRename(target, dir, exists ? &st : nullptr, bytes, &savedErrno,
+                         &cannotKeepAttributes))
             return true;
-        if (!cannotKeepOwner) {
+        if (!cannotKeepAttributes) {
             *error = cannotSave(path, PosixFile::errorText(savedErrno));
             return false;
         }

@@ -7,6 +7,7 @@
 #include <QTest>
 
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 using namespace koru::sedgui;
@@ -52,6 +53,7 @@ class TstSafeSaver : public QObject
 
 private slots:
     void replacesContentAndKeepsMode();
+    void keepsExtendedAttributes();
     void createsNewFile();
     void writesThroughSymlink();
     void keepsHardLink();
@@ -74,6 +76,25 @@ void TstSafeSaver::replacesContentAndKeepsMode()
     QCOMPARE(readFile(path), NewText);
     QCOMPARE(statOf(path).st_mode & 07777, mode_t(0750));
     QCOMPARE(entries(dir.path()), QStringList{QStringLiteral("script.sh")});
+}
+
+void TstSafeSaver::keepsExtendedAttributes()
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("tagged.txt"));
+    writeFile(path, OldText);
+    const QByteArray native = QFile::encodeName(path);
+    const QByteArray tag = "reviewed";
+    if (::setxattr(native.constData(), "user.sedgui.test", tag.constData(), size_t(tag.size()), 0))
+        QSKIP("the temporary folder's file system keeps no user attributes");
+
+    QString error;
+    QVERIFY2(SafeSaver::save(path, NewText, &error), qPrintable(error));
+    QCOMPARE(readFile(path), NewText);
+    QByteArray value(64, '\0');
+    const ssize_t length = ::getxattr(native.constData(), "user.sedgui.test", value.data(), 64);
+    QCOMPARE(value.left(qMax<ssize_t>(length, 0)), tag);
+    QCOMPARE(entries(dir.path()), QStringList{QStringLiteral("tagged.txt")});
 }
 
 void TstSafeSaver::createsNewFile()
