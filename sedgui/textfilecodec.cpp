@@ -495,6 +495,10 @@ QByteArray TextFileCodec::canonicalEncoding(const QByteArray &name)
 {
     static const QHash<QByteArray, QByteArray> aliases = {
         {"UTF8", "UTF-8"},
+        // Without a byte order the names are ambiguous; files that use them
+        // are, in practice, little-endian.
+        {"UTF-16", "UTF-16LE"},
+        {"UTF-32", "UTF-32LE"},
         {"UTF-16-LE", "UTF-16LE"},
         {"UTF16LE", "UTF-16LE"},
         {"UTF-16-BE", "UTF-16BE"},
