@@ -13,6 +13,7 @@
 #include <Qsci/qscilexer.h>
 #include <Qsci/qsciscintilla.h>
 
+using koru::sedgui::LineEnding;
 using koru::sedgui::SedGUI;
 using koru::sedgui::UserPrompt;
 
@@ -61,6 +62,9 @@ private Q_SLOTS:
     void hugeLineOpensPlainAndSavesExactly_data();
     void hugeLineOpensPlainAndSavesExactly();
     void processArgsMovesToLine();
+    void formatChangeIsSaved_data();
+    void formatChangeIsSaved();
+    void reopenWithEncoding();
 
 private:
     QTemporaryDir m_dir;
@@ -364,6 +368,71 @@ void TestSedGUI::processArgsMovesToLine()
     int index = -1;
     tool.editor()->getCursorPosition(&line, &index);
     QCOMPARE(line, 149);
+}
+
+void TestSedGUI::formatChangeIsSaved_data()
+{
+    QTest::addColumn<QByteArray>("encoding");
+    QTest::addColumn<bool>("bom");
+    QTest::addColumn<int>("ending");
+    QTest::addColumn<QByteArray>("saved");
+
+    QTest::newRow("lf to crlf") << QByteArray("UTF-8") << false << int(LineEnding::CRLF)
+                                << QByteArray("a\r\n\xc3\xa9\r\n");
+    QTest::newRow("utf-8 to utf-16le with bom")
+        << QByteArray("UTF-16LE") << true << int(LineEnding::LF)
+        << QByteArray("\xff\xfe"
+                      "a\0\n\0\xe9\0\n\0",
+                      10);
+}
+
+void TestSedGUI::formatChangeIsSaved()
+{
+    QFETCH(QByteArray, encoding);
+    QFETCH(bool, bom);
+    QFETCH(int, ending);
+    QFETCH(QByteArray, saved);
+
+    const QString path = m_dir.filePath(QStringLiteral("format.txt"));
+    writeAll(path, "a\n\xc3\xa9\n");
+    SedGUI tool;
+    QVERIFY(tool.openFile(path, nullptr));
+    koru::sedgui::TextFormat format = tool.textFormat();
+    format.encoding = encoding;
+    format.bom = bom;
+    format.lineEnding = LineEnding(ending);
+    tool.setTextFormat(format);
+    QVERIFY(tool.isModified());
+    QVERIFY(tool.save());
+    QCOMPARE(readAll(path), saved);
+    QVERIFY(!tool.isModified());
+}
+
+void TestSedGUI::reopenWithEncoding()
+{
+    const QString path = m_dir.filePath(QStringLiteral("reopen.txt"));
+    writeAll(path, "caf\xe9\n");
+    PromptRecorder prompts;
+    SedGUI tool;
+    QVERIFY(tool.openFile(path, nullptr));
+
+    // Not valid UTF-8: refused with a message, the text stays.
+    const QString before = tool.editor()->text();
+    QVERIFY(!tool.reloadWithEncoding("UTF-8"));
+    QCOMPARE(prompts.asked.size(), 1);
+    QCOMPARE(tool.editor()->text(), before);
+
+    QVERIFY(tool.reloadWithEncoding("WINDOWS-1252"));
+    QCOMPARE(tool.editor()->text(), QStringLiteral("caf\u00e9\n"));
+    QCOMPARE(tool.textFormat().encoding, QByteArray("WINDOWS-1252"));
+
+    // A modified document asks first; Escape keeps the edit.
+    tool.editor()->insertAt(QStringLiteral("edit "), 0, 0);
+    QVERIFY(!tool.reloadWithEncoding("ISO-8859-15"));
+    QCOMPARE(prompts.asked.size(), 2);
+    QCOMPARE(tool.editor()->text(), QStringLiteral("edit caf\u00e9\n"));
+    QVERIFY(tool.save());
+    QCOMPARE(readAll(path), QByteArray("edit caf\xe9\n"));
 }
 
 QTEST_MAIN(TestSedGUI)
