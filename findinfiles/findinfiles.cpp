@@ -19,8 +19,11 @@ FindInFiles::FindInFiles(QMainWindow *window, QAction *findInFilesAction)
     , m_engine(new SearchEngine(this))
 {
     setObjectName(QStringLiteral("FindInFiles"));
-    if (findInFilesAction)
+    if (findInFilesAction) {
         connect(findInFilesAction, &QAction::triggered, this, &FindInFiles::showDialog);
+        // The menus are built only as they open: on the window, the shortcut works at once.
+        window->addAction(findInFilesAction);
+    }
     connect(m_engine, &SearchEngine::hitsReady, this,
             [this](const QString &lines) { showHits(lines); });
     connect(m_engine, &SearchEngine::progress, this, &FindInFiles::showProgress);
@@ -63,8 +66,10 @@ QString FindInFiles::frontToolSelection() const
     QWidget *front = tabs ? tabs->currentWidget() : nullptr;
     if (!front)
         return QString();
+    // Tools that have no such method leave the text as it was.
+    if (front->metaObject()->indexOfMethod("selectedText()") < 0)
+        return QString();
     QString text;
-    // Tools that have no such method simply leave the text empty.
     if (!QMetaObject::invokeMethod(front, "selectedText", Qt::DirectConnection,
                                    Q_RETURN_ARG(QString, text)))
         return QString();

@@ -53,7 +53,10 @@ FindInFilesDialog::FindInFilesDialog(QWidget *parent)
 
     auto *form = new QFormLayout;
     form->addRow(tr("Fi&nd what:"), m_text);
-    form->addRow(tr("In &folder:"), folderRow);
+    // A row holding a layout gets no buddy of its own: give the mnemonic one.
+    auto *folderLabel = new QLabel(tr("In &folder:"), this);
+    folderLabel->setBuddy(m_folder);
+    form->addRow(folderLabel, folderRow);
     form->addRow(tr("&Include files:"), m_include);
     form->addRow(tr("E&xclude:"), m_exclude);
 
