@@ -39,7 +39,6 @@ private Q_SLOTS:
     void newDocument();
     void openAtLine();
     void alreadyOpenPathReturnsItsTool();
-    void missingPathIsNotCreated();
     void unopenableFileIsRefused_data();
     void unopenableFileIsRefused();
     void startUpCommandLineQueuesTheOtherFiles();
@@ -120,17 +119,6 @@ void TestSedApp::alreadyOpenPathReturnsItsTool()
     QCOMPARE(create({m_dir.path() + QStringLiteral("/./same.txt")}), first);
     QCOMPARE(create({path, QStringLiteral("-line"), QStringLiteral("2")}), first);
     QCOMPARE(TemplateTree::Instance()->documents().size(), 1);
-}
-
-void TestSedApp::missingPathIsNotCreated()
-{
-    PromptRecorder prompts;
-    const QString path = m_dir.filePath(QStringLiteral("new-file.c"));
-    auto *tool = qobject_cast<SedGUI *>(create({path}));
-    QVERIFY(tool);
-    QCOMPARE(tool->getFileName(), path);
-    QVERIFY(!QFile::exists(path));
-    QVERIFY(prompts.asked.isEmpty());
 }
 
 void TestSedApp::unopenableFileIsRefused_data()

@@ -56,7 +56,6 @@ private Q_SLOTS:
     void modifiedDocument();
     void deletedFileKeepsTextAsUnsaved();
     void renameOverTwiceAsksOncePerChange();
-    void noChangeMeansNoQuestion();
     void watchSurvivesReplacementAndOwnSave();
     void savingOverChangedFileAsks_data();
     void savingOverChangedFileAsks();
@@ -221,17 +220,6 @@ void TestExternalChange::renameOverTwiceAsksOncePerChange()
     QCOMPARE(TemplateTree::Instance()->checkFileChanged(), nullptr);
     QCOMPARE(prompts.asked.size(), 2);
     QCOMPARE(tool->editor()->text(), QStringLiteral("v3\n"));
-}
-
-void TestExternalChange::noChangeMeansNoQuestion()
-{
-    PromptRecorder prompts;
-    SedGUI *tool = open("same\n");
-    tool->editor()->insertAt(QStringLiteral("edit "), 0, 0);
-    QVERIFY(tool->save());
-    for (int i = 0; i < 3; ++i)
-        QCOMPARE(TemplateTree::Instance()->checkFileChanged(), nullptr);
-    QVERIFY(prompts.asked.isEmpty());
 }
 
 void TestExternalChange::watchSurvivesReplacementAndOwnSave()

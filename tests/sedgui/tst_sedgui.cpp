@@ -57,8 +57,6 @@ private Q_SLOTS:
     void untitledSaveGoesThroughSaveAs();
     void titleAndTabFollowModifiedState();
     void missingPathCreatesNothingUntilSaved();
-    void languageFollowsNameAndFirstLine_data();
-    void languageFollowsNameAndFirstLine();
     void hugeLineOpensPlainAndSavesExactly_data();
     void hugeLineOpensPlainAndSavesExactly();
     void processArgsMovesToLine();
@@ -285,30 +283,6 @@ void TestSedGUI::missingPathCreatesNothingUntilSaved()
     QVERIFY(tool.save());
     QCOMPARE(readAll(path), QByteArray("now\n"));
     QVERIFY(prompts.asked.isEmpty());
-}
-
-void TestSedGUI::languageFollowsNameAndFirstLine_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QString>("language");
-
-    QTest::newRow("c") << "main.c" << QByteArray("int main;\n") << "C";
-    QTest::newRow("python shebang") << "tool" << QByteArray("#!/usr/bin/env python3\n") << "Python";
-    QTest::newRow("plain text") << "notes.txt" << QByteArray("hello\n") << "";
-}
-
-void TestSedGUI::languageFollowsNameAndFirstLine()
-{
-    QFETCH(QString, name);
-    QFETCH(QByteArray, content);
-    QFETCH(QString, language);
-    const QString path = m_dir.filePath(name);
-    writeAll(path, content);
-    SedGUI tool;
-    QVERIFY(tool.openFile(path, nullptr));
-    QCOMPARE(tool.languageName(), language);
-    QCOMPARE(tool.editor()->lexer() != nullptr, !language.isEmpty());
 }
 
 void TestSedGUI::hugeLineOpensPlainAndSavesExactly_data()
