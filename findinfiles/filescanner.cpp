@@ -185,6 +185,18 @@ FileScanner::Result FileScanner::scan(const QByteArray &path, QList<TextMatcher:
                                       const std::atomic<bool> *cancel)
 {
     hits.clear();
+    return scan(
+        path,
+        [&hits](const TextMatcher::LineHit &hit) {
+            hits.append(hit);
+            return true;
+        },
+        cancel);
+}
+
+FileScanner::Result FileScanner::scan(const QByteArray &path, const TextMatcher::HitSink &sink,
+                                      const std::atomic<bool> *cancel)
+{
     const int fd = open(path.constData(), O_RDONLY | O_CLOEXEC | O_NOCTTY);
     if (fd < 0)
         return Result::Unreadable;
@@ -224,14 +236,24 @@ FileScanner::Result FileScanner::scan(const QByteArray &path, QList<TextMatcher:
         decoded = true;
     }
 
-    if (!m_matcher.findLines(QByteArrayView(data, size), hits, cancel))
-        return Result::Cancelled;
-    // The raw bytes gave the right lines; their text needs the file's real encoding.
-    if (!hits.isEmpty() && !decoded && !isValidUtf8(data, size)) {
-        hits.clear();
+    // The raw bytes give the right lines; their text needs the file's real
+    // encoding, which is worth checking only once the file has a hit.
+    bool legacy = false;
+    const TextMatcher::HitSink firstHitChecksEncoding = [&](const TextMatcher::LineHit &hit) {
+        if (!decoded) {
+            decoded = true;
+            legacy = !isValidUtf8(data, size);
+            if (legacy)
+                return false;
+        }
+        return sink(hit);
+    };
+    m_matcher.findLines(QByteArrayView(data, size), firstHitChecksEncoding, cancel);
+    if (legacy) {
         converted = legacyToUtf8(QByteArrayView(data, size));
-        if (!m_matcher.findLines(QByteArrayView(converted), hits, cancel))
-            return Result::Cancelled;
+        m_matcher.findLines(QByteArrayView(converted), sink, cancel);
     }
+    if (cancel && cancel->load())
+        return Result::Cancelled;
     return Result::Searched;
 }

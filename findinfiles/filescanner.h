@@ -23,7 +23,11 @@ public:
     FileScanner(const FileScanner &) = delete;
     FileScanner &operator=(const FileScanner &) = delete;
 
-    // Replaces hits with the matching lines of the file at path (local 8-bit bytes).
+    // Hands the matching lines of the file at path (local 8-bit bytes) to sink,
+    // one at a time, so that a file with millions of hits is never held whole.
+    Result scan(const QByteArray &path, const TextMatcher::HitSink &sink,
+                const std::atomic<bool> *cancel = nullptr);
+    // Replaces hits with the matching lines of the file.
     Result scan(const QByteArray &path, QList<TextMatcher::LineHit> &hits,
                 const std::atomic<bool> *cancel = nullptr);
 

@@ -132,7 +132,6 @@ void SearchEngine::runSearch(const std::shared_ptr<Run> &run)
     } else {
         FileWalker walker(run->options);
         FileScanner scanner(matcher);
-        QList<TextMatcher::LineHit> hits;
         Run::Batch batch;
         auto batchStarted = std::chrono::steady_clock::now();
 
@@ -148,10 +147,36 @@ void SearchEngine::runSearch(const std::shared_ptr<Run> &run)
             batch = Run::Batch();
         };
 
+        QString file;
+        bool fileHasHits = false;
+        const TextMatcher::HitSink onHit = [&](const TextMatcher::LineHit &hit) {
+            if (!fileHasHits) {
+                fileHasHits = true;
+                ++summary.filesWithHits;
+                ++run->filesWithHits;
+            }
+            ++summary.hits;
+            if (summary.hits > run->options.maxHitLines) {
+                ++summary.hitsNotShown;
+                ++run->hitsNotShown;
+                return true;
+            }
+            if (batch.count > 0)
+                batch.lines += QLatin1Char('\n');
+            batch.lines += HitFormatter::hitLine(file, hit.line, hit.text, hit.column);
+            ++batch.count;
+            if (batch.count >= BatchHits) {
+                handOver();
+                batchStarted = std::chrono::steady_clock::now();
+            }
+            return !run->cancel.load(std::memory_order_relaxed);
+        };
+
         walker.walk(
             [&](const QByteArray &path) {
-                const FileScanner::Result result = scanner.scan(path, hits, &run->cancel);
-                switch (result) {
+                file = QFile::decodeName(path);
+                fileHasHits = false;
+                switch (scanner.scan(path, onHit, &run->cancel)) {
                 case FileScanner::Result::Binary:
                     ++summary.binaryFilesSkipped;
                     break;
@@ -161,38 +186,11 @@ void SearchEngine::runSearch(const std::shared_ptr<Run> &run)
                 case FileScanner::Result::Cancelled:
                     return false;
                 case FileScanner::Result::Searched:
+                    ++run->filesSearched;
                     break;
                 }
-                if (result == FileScanner::Result::Searched) {
-                    ++run->filesSearched;
-                    if (!hits.isEmpty()) {
-                        const QString file = QFile::decodeName(path);
-                        ++summary.filesWithHits;
-                        ++run->filesWithHits;
-                        for (const TextMatcher::LineHit &hit : std::as_const(hits)) {
-                            if (summary.hits >= run->options.maxHitLines) {
-                                ++summary.hitsNotShown;
-                                ++run->hitsNotShown;
-                                ++summary.hits;
-                                continue;
-                            }
-                            ++summary.hits;
-                            if (batch.count > 0)
-                                batch.lines += QLatin1Char('\n');
-                            batch.lines +=
-                                HitFormatter::hitLine(file, hit.line, hit.text, hit.column);
-                            ++batch.count;
-                            if (batch.count >= BatchHits) {
-                                handOver();
-                                if (run->cancel)
-                                    return false;
-                            }
-                        }
-                    }
-                }
                 const auto now = std::chrono::steady_clock::now();
-                if (batch.count >= BatchHits ||
-                    (batch.count > 0 && now - batchStarted >= BatchAge)) {
+                if (batch.count > 0 && now - batchStarted >= BatchAge) {
                     handOver();
                     batchStarted = now;
                 }

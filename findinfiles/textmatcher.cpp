@@ -11,7 +11,7 @@ namespace {
 
 // Fixed-string searches look at this many bytes between checks of the cancel flag.
 constexpr qsizetype CancelCheckBytes = 4 * 1024 * 1024;
-constexpr qsizetype CancelCheckLines = 4096;
+constexpr qsizetype CancelCheckLines = 256;
 
 inline uchar foldAscii(uchar c)
 {
@@ -192,10 +192,22 @@ bool TextMatcher::isWholeWordAt(const char *begin, const char *end, const char *
 bool TextMatcher::findLines(QByteArrayView utf8, QList<LineHit> &hits,
                             const std::atomic<bool> *cancel) const
 {
+    return findLines(
+        utf8,
+        [&hits](const LineHit &hit) {
+            hits.append(hit);
+            return true;
+        },
+        cancel);
+}
+
+bool TextMatcher::findLines(QByteArrayView utf8, const HitSink &sink,
+                            const std::atomic<bool> *cancel) const
+{
     if (!isValid())
         return true;
     if (m_mode == Mode::Regex)
-        return findLines(QStringView(QString::fromUtf8(utf8)), hits, cancel);
+        return findLines(QStringView(QString::fromUtf8(utf8)), sink, cancel);
 
     const char *begin = utf8.data();
     const char *end = begin + utf8.size();
@@ -235,13 +247,14 @@ bool TextMatcher::findLines(QByteArrayView utf8, QList<LineHit> &hits,
         hit.line = line;
         hit.text = QString::fromUtf8(lineStart, textEnd - lineStart);
         hit.column = utf16Length(lineStart, match);
-        hits.append(std::move(hit));
+        if (!sink(hit))
+            return false;
         from = lineEnd < end ? lineEnd + 1 : end;
     }
     return true;
 }
 
-bool TextMatcher::findLines(QStringView text, QList<LineHit> &hits,
+bool TextMatcher::findLines(QStringView text, const HitSink &sink,
                             const std::atomic<bool> *cancel) const
 {
     if (!isValid() || m_mode != Mode::Regex)
@@ -261,8 +274,8 @@ bool TextMatcher::findLines(QStringView text, QList<LineHit> &hits,
             --textEnd;
         const QStringView lineText = text.sliced(start, textEnd - start);
         const QRegularExpressionMatch match = m_regex.match(lineText);
-        if (match.hasMatch())
-            hits.append({line, lineText.toString(), match.capturedStart()});
+        if (match.hasMatch() && !sink({line, lineText.toString(), match.capturedStart()}))
+            return false;
         start = lineEnd + 1;
     }
     return true;

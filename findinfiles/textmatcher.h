@@ -8,6 +8,7 @@
 
 #include <array>
 #include <atomic>
+#include <functional>
 
 struct SearchOptions;
 
@@ -36,10 +37,16 @@ public:
     bool isEncodingNeutral() const;
     bool needsDecodedText() const { return m_mode == Mode::Regex; }
 
-    // Both append to hits and return false when cancel was set part-way.
-    bool findLines(QByteArrayView utf8, QList<LineHit> &hits,
+    // Called for each matching line in order; returning false stops the search.
+    using HitSink = std::function<bool(const LineHit &hit)>;
+
+    // Both return false when cancel was set part-way or the sink stopped them.
+    bool findLines(QByteArrayView utf8, const HitSink &sink,
                    const std::atomic<bool> *cancel = nullptr) const;
-    bool findLines(QStringView text, QList<LineHit> &hits,
+    bool findLines(QStringView text, const HitSink &sink,
+                   const std::atomic<bool> *cancel = nullptr) const;
+    // Appends to hits.
+    bool findLines(QByteArrayView utf8, QList<LineHit> &hits,
                    const std::atomic<bool> *cancel = nullptr) const;
 
 private:
