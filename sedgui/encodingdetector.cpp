@@ -8,7 +8,7 @@ namespace {
 
 // Enough text for a confident guess; a legacy file of hundreds of megabytes
 // should not make the detector read all of it.
-constexpr qsizetype SampleLimit = 4 * 1024 * 1024;
+constexpr qsizetype SampleLimit = 1024 * 1024;
 
 } // namespace
 

@@ -17,6 +17,11 @@ public:
                        qsizetype *errorOffset = nullptr);
     static bool fromUtf8(const QByteArray &utf8, const QByteArray &encoding, QByteArray *out,
                          qsizetype *errorOffset = nullptr);
+    // Decodes only when encoding the result again gives back exactly these
+    // bytes (some tables map two codes to one character). Single-byte
+    // encodings go through a table built once, many times faster than iconv.
+    static bool toUtf8Reversibly(const QByteArray &bytes, const QByteArray &encoding,
+                                 QByteArray *out);
 };
 
 } // namespace koru::sedgui

@@ -130,20 +130,6 @@ qsizetype characterStart(const QByteArray &utf8, qsizetype offset)
     return offset;
 }
 
-// A legacy decoding is only taken when it can write the file back byte for
-// byte: some tables map two byte sequences to the same character.
-bool decodeLegacyLossless(const QByteArray &bytes, const QByteArray &encoding, QByteArray *utf8)
-{
-    QByteArray decoded;
-    if (!IconvCodec::toUtf8(bytes, encoding, &decoded))
-        return false;
-    QByteArray back;
-    if (!IconvCodec::fromUtf8(decoded, encoding, &back) || back != bytes)
-        return false;
-    *utf8 = std::move(decoded);
-    return true;
-}
-
 struct LineEndingCounts
 {
     qsizetype lf = 0;
@@ -324,7 +310,7 @@ DecodedText TextFileCodec::decode(const QByteArray &bytes)
         (encoding == "ISO-8859-1" && hasC1Bytes(bytes)))
         encoding = "WINDOWS-1252";
     DecodedText text;
-    if (!decodeLegacyLossless(bytes, encoding, &text.utf8))
+    if (!IconvCodec::toUtf8Reversibly(bytes, encoding, &text.utf8))
         return rawText(bytes, rawNotice);
     text.format.encoding = encoding;
     text.notice = tr("Not valid UTF-8: opened as %1.").arg(QLatin1String(encoding));
@@ -348,7 +334,7 @@ bool TextFileCodec::decodeAs(const QByteArray &bytes, const QByteArray &encoding
         const int skip = text.format.bom ? bom->size : 0;
         ok = decodeUnicode(bytes, skip, name, &text.utf8);
     } else {
-        ok = decodeLegacyLossless(bytes, name, &text.utf8);
+        ok = IconvCodec::toUtf8Reversibly(bytes, name, &text.utf8);
     }
     if (!ok) {
         *error = tr("The file is not valid %1: it was left as it is.").arg(QLatin1String(name));
