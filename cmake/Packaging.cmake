@@ -17,6 +17,8 @@ install(FILES "${SE_CHANGELOG}" DESTINATION "${SE_DEB_DOC_DIR}")
 set(CPACK_GENERATOR "DEB")
 set(CPACK_PACKAGE_NAME "sourceeditor")
 set(CPACK_PACKAGE_VERSION "${PROJECT_VERSION}")
+# A Debian revision: the package is made from its own source, not Debian's.
+set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_PACKAGE_VENDOR "The Source Editor developers")
 set(CPACK_PACKAGE_CONTACT "The Source Editor developers <sourceeditor@sourceeditor.org>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "fast, careful source-code editor")
