@@ -5,6 +5,9 @@
 #include <Qsci/qsciscintilla.h>
 
 #include <algorithm>
+#include <cctype>
+#include <cstring>
+#include <limits>
 
 namespace koru::sedgui {
 
@@ -37,6 +40,239 @@ void selectAndShow(QsciScintillaBase *editor, qint64 start, qint64 end)
 bool looksInvalid(const QString &pattern)
 {
     return !QRegularExpression(pattern).isValid();
+}
+
+bool isAscii(const QByteArray &bytes)
+{
+    return std::all_of(bytes.begin(), bytes.end(),
+                       [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+// Character classes as the editor's whole-word search sees them by default:
+// letters, digits, '_' and every byte of a multi-byte character are word
+// characters; blanks and line ends separate; the rest is punctuation.
+enum class CharClass { Space, Word, Punctuation };
+
+CharClass classOf(char c)
+{
+    const auto byte = static_cast<unsigned char>(c);
+    if (byte >= 0x80 || byte == '_' || std::isalnum(byte)) {
+        return CharClass::Word;
+    }
+    if (byte <= ' ' || byte == 0x7f) {
+        return CharClass::Space;
+    }
+    return CharClass::Punctuation;
+}
+
+// A match is a whole word when it starts where a run of word (or punctuation)
+// characters starts and ends where one ends.
+bool isWholeWord(QsciScintillaBase *editor, qint64 start, qint64 end, qint64 length)
+{
+    const auto classAt = [editor](qint64 position) {
+        return classOf(char(send(editor, Sci::SCI_GETCHARAT, position)));
+    };
+    if (start > 0) {
+        const CharClass first = classAt(start);
+        if (first == CharClass::Space || first == classAt(start - 1)) {
+            return false;
+        }
+    }
+    if (end < length) {
+        const CharClass last = classAt(end - 1);
+        if (last == CharClass::Space || last == classAt(end)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+char foldAscii(char c)
+{
+    return c >= 'A' && c <= 'Z' ? char(c - 'A' + 'a') : c;
+}
+
+char otherCase(char c)
+{
+    if (c >= 'a' && c <= 'z') {
+        return char(c - 'a' + 'A');
+    }
+    return c >= 'A' && c <= 'Z' ? char(c - 'A' + 'a') : c;
+}
+
+bool sameText(const char *text, const char *pattern, qsizetype length, bool matchCase)
+{
+    if (matchCase) {
+        return std::memcmp(text, pattern, size_t(length)) == 0;
+    }
+    for (qsizetype i = 0; i < length; ++i) {
+        if (foldAscii(text[i]) != foldAscii(pattern[i])) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// Where the first byte of the pattern occurs next, in either case. Candidates
+// are found with memchr (memrchr backwards), which scans far faster than a
+// byte loop, in windows that grow from the starting point: a letter whose
+// other case never occurs costs a scan as long as the way to the next
+// candidate, not to the end of the document.
+class FirstByteFinder
+{
+public:
+    FirstByteFinder(const char *data, char first, bool matchCase)
+        : m_data(data)
+        , m_first(first)
+        , m_other(matchCase ? first : otherCase(first))
+    {}
+
+    // The first candidate in [from, to); -1 when there is none.
+    qint64 next(qint64 from, qint64 to) const
+    {
+        qint64 window = s_firstWindow;
+        for (qint64 start = from; start < to; start += window, window = grow(window)) {
+            const qint64 end = std::min(to, start + window);
+            const char *hit = scan(m_first, start, end);
+            if (m_other != m_first) {
+                const char *other = scan(m_other, start, hit ? hit - m_data : end);
+                hit = other ? other : hit;
+            }
+            if (hit) {
+                return hit - m_data;
+            }
+        }
+        return -1;
+    }
+
+    // The last candidate in [0, to); -1 when there is none.
+    qint64 previous(qint64 to) const
+    {
+        qint64 window = s_firstWindow;
+        for (qint64 end = to; end > 0; end -= window, window = grow(window)) {
+            const qint64 start = std::max<qint64>(0, end - window);
+            const char *hit = scanBack(m_first, start, end);
+            if (m_other != m_first) {
+                const char *other = scanBack(m_other, hit ? hit - m_data + 1 : start, end);
+                hit = other ? other : hit;
+            }
+            if (hit) {
+                return hit - m_data;
+            }
+        }
+        return -1;
+    }
+
+private:
+    static constexpr qint64 s_firstWindow = 256;
+    static constexpr qint64 s_lastWindow = qint64(1) << 22;
+
+    static qint64 grow(qint64 window) { return std::min(window * 2, s_lastWindow); }
+
+    const char *scan(char c, qint64 start, qint64 end) const
+    {
+        return start < end
+                   ? static_cast<const char *>(std::memchr(m_data + start, c, size_t(end - start)))
+                   : nullptr;
+    }
+
+    const char *scanBack(char c, qint64 start, qint64 end) const
+    {
+        return start < end
+                   ? static_cast<const char *>(memrchr(m_data + start, c, size_t(end - start)))
+                   : nullptr;
+    }
+
+    const char *m_data;
+    char m_first;
+    char m_other;
+};
+
+// How common a byte is in source code and prose, roughly: a search anchored on
+// a rare byte of the pattern meets fewer false candidates.
+int commonness(char c)
+{
+    const char lower = foldAscii(c);
+    if (lower == ' ' || lower == '\n' || lower == '\t') {
+        return 100;
+    }
+    if (std::strchr("etaoinsrhl", lower)) {
+        return 80;
+    }
+    if (std::strchr("dcumfpgwybv", lower) || std::strchr("_(){};=,.*/", lower)) {
+        return 50;
+    }
+    return 20;
+}
+
+qint64 rarestByte(const QByteArray &pattern)
+{
+    qint64 best = 0;
+    for (qint64 i = 1; i < pattern.size(); ++i) {
+        if (commonness(pattern.at(i)) < commonness(pattern.at(best))) {
+            best = i;
+        }
+    }
+    return best;
+}
+
+// The editor's buffer searched in place for text: far faster on large
+// documents than the editor's own search, which steps character by character.
+// Same contract: forwards the first match in [from, to), backwards (from > to)
+// the last match in [to, from).
+qint64 plainSearch(QsciScintillaBase *editor, const QByteArray &pattern, bool matchCase,
+                   bool wholeWord, qint64 from, qint64 to, qint64 *matchEnd)
+{
+    const bool backwards = from > to;
+    const qint64 lo = std::min(from, to);
+    const qint64 hi = std::max(from, to);
+    const qint64 size = hi - lo;
+    if (pattern.isEmpty() || size < pattern.size()) {
+        return -1;
+    }
+    // A pointer into the buffer; only moves the gap if it lies inside the range.
+    const auto *data = reinterpret_cast<const char *>(editor->SendScintilla(
+        Sci::SCI_GETRANGEPOINTER, static_cast<unsigned long>(lo), static_cast<long>(size)));
+    if (!data) {
+        return -1;
+    }
+    const qint64 length = send(editor, Sci::SCI_GETLENGTH);
+    const qint64 patternSize = pattern.size();
+    const qint64 lastStart = size - patternSize; // the last offset a match can start at
+    const QByteArrayView text(data, size);
+    // Candidates are found by the pattern's least common byte, sitting at anchor.
+    const qint64 anchor = rarestByte(pattern);
+    FirstByteFinder finder(data + anchor, pattern.at(anchor), matchCase);
+    qint64 forwardFrom = 0;
+    qint64 backwardTo = lastStart + 1;
+    for (;;) {
+        qint64 hit = -1;
+        if (matchCase) {
+            // Qt's own search skips ahead by whole pattern lengths.
+            hit = backwards ? (backwardTo > 0 ? text.first(backwardTo + patternSize - 1)
+                                                    .lastIndexOf(QByteArrayView(pattern))
+                                              : -1)
+                            : text.indexOf(QByteArrayView(pattern), forwardFrom);
+        } else {
+            hit = backwards ? finder.previous(backwardTo) : finder.next(forwardFrom, lastStart + 1);
+        }
+        if (hit < 0 || hit > lastStart) {
+            return -1;
+        }
+        if (sameText(data + hit, pattern.constData(), patternSize, matchCase)) {
+            const qint64 start = lo + hit;
+            const qint64 end = start + patternSize;
+            if (!wholeWord || isWholeWord(editor, start, end, length)) {
+                *matchEnd = end;
+                return start;
+            }
+        }
+        if (backwards) {
+            backwardTo = hit;
+        } else {
+            forwardFrom = hit + 1;
+        }
+    }
 }
 
 } // namespace
@@ -77,6 +313,20 @@ QByteArray TextSearcher::patternBytes(const SearchQuery &query)
 qint64 TextSearcher::searchRange(QsciScintillaBase *editor, const QByteArray &pattern, int flags,
                                  qint64 from, qint64 to, qint64 *matchEnd)
 {
+    const bool matchCase = flags & Sci::SCFIND_MATCHCASE;
+    if (!(flags & Sci::SCFIND_REGEXP) && (matchCase || isAscii(pattern))) {
+        qint64 end = -1;
+        const qint64 start =
+            plainSearch(editor, pattern, matchCase, flags & Sci::SCFIND_WHOLEWORD, from, to, &end);
+        if (start >= 0) {
+            // The target is the match, as after the editor's own search.
+            send(editor, Sci::SCI_SETTARGETRANGE, start, end);
+            if (matchEnd) {
+                *matchEnd = end;
+            }
+        }
+        return start;
+    }
     send(editor, Sci::SCI_SETSEARCHFLAGS, flags);
     send(editor, Sci::SCI_SETTARGETRANGE, from, to);
     const qint64 start = sendText(editor, Sci::SCI_SEARCHINTARGET, pattern);

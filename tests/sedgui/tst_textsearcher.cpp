@@ -23,6 +23,7 @@ private Q_SLOTS:
     void replaceSelectionReplacesOnlyAMatch();
     void invalidRegexIsReported();
     void emptyMatchesDoNotLoopForever();
+    void findsAcrossAnEditedSpot();
     void searchesMultiByteText();
 };
 
@@ -92,6 +93,21 @@ void TstTextSearcher::find_data()
     QTest::newRow("backwards regex") << "k1 k2 k3"
                                      << "k[0-9]"
                                      << "rb" << 6 << 3 << 5 << false;
+    QTest::newRow("match case backwards") << "ONE one ONE one"
+                                          << "ONE"
+                                          << "cb" << 14 << 8 << 11 << false;
+    QTest::newRow("match case backwards wraps") << "one ONE"
+                                                << "ONE"
+                                                << "cb" << 3 << 4 << 7 << true;
+    QTest::newRow("ignoring case, anchored mid-pattern") << "zzz Needle NEEDLE"
+                                                         << "neeDLE"
+                                                         << "" << 5 << 11 << 17 << false;
+    QTest::newRow("whole word backwards") << "cat concat cat"
+                                          << "cat"
+                                          << "wb" << 11 << 0 << 3 << false;
+    QTest::newRow("whole word punctuation") << "a->b a-b"
+                                            << "-"
+                                            << "w" << 0 << 6 << 7 << false;
     QTest::newRow("no match") << "nothing here"
                               << "zebra"
                               << "" << 0 << -1 << -1 << false;
@@ -318,6 +334,24 @@ void TstTextSearcher::emptyMatchesDoNotLoopForever()
         starts << TextSearcher::findNext(&editor, q).start;
     }
     QCOMPARE(starts, (QList<qint64>{2, 3, 6, 2}));
+}
+
+void TstTextSearcher::findsAcrossAnEditedSpot()
+{
+    // An edit leaves the buffer in two parts; a match may span the seam.
+    QsciScintilla editor;
+    editor.setText(QString(1000, QLatin1Char('x')) + QStringLiteral("tail"));
+    editor.SendScintilla(QsciScintillaBase::SCI_INSERTTEXT, 500UL, "ne");
+    editor.SendScintilla(QsciScintillaBase::SCI_INSERTTEXT, 502UL, "edle");
+    for (const QString &options : {QString(), QStringLiteral("c"), QStringLiteral("b")}) {
+        SearchQuery q = query(QStringLiteral("NEEDLE"), options);
+        if (options == QLatin1String("c")) {
+            q.pattern = QStringLiteral("needle");
+        }
+        const SearchMatch match = TextSearcher::find(&editor, q, q.backwards ? 1006 : 0);
+        QCOMPARE(match.start, 500);
+        QCOMPARE(match.end, 506);
+    }
 }
 
 void TstTextSearcher::searchesMultiByteText()
