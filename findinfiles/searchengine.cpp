@@ -21,7 +21,7 @@ constexpr auto BatchAge = std::chrono::milliseconds(40);
 // Batches waiting for the GUI before the worker waits in turn.
 constexpr size_t MaxPendingBatches = 256;
 // Time one turn of the event loop spends handing batches on.
-constexpr qint64 DeliverySliceMs = 8;
+constexpr qint64 DeliverySliceMs = 4;
 constexpr int ProgressIntervalMs = 100;
 
 } // namespace
