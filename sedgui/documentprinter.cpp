@@ -13,6 +13,7 @@ DocumentPrinter::DocumentPrinter(QPrinter::PrinterMode mode)
     : QsciPrinter(mode)
 {
     setWrapMode(QsciScintilla::WrapWord);
+    setPageMargins(QMarginsF(15, 15, 15, 15), QPageLayout::Millimeter);
     // Print at the document's own size, whatever the view is zoomed to.
     setMagnification(0);
 }
@@ -33,8 +34,16 @@ int DocumentPrinter::printDocument(QsciScintillaBase *editor)
                                        static_cast<unsigned long>(end)));
     }
     m_pagesPrinted = 0;
+    // Whitespace and line-end markers help on screen, not on paper.
+    const unsigned long whitespace = editor->SendScintilla(QsciScintillaBase::SCI_GETVIEWWS);
+    const unsigned long lineEnds = editor->SendScintilla(QsciScintillaBase::SCI_GETVIEWEOL);
+    editor->SendScintilla(QsciScintillaBase::SCI_SETVIEWWS, 0UL);
+    editor->SendScintilla(QsciScintillaBase::SCI_SETVIEWEOL, 0UL);
     // printRange() only tells success; the pages are counted as they are drawn.
-    return printRange(editor, from, to) ? m_pagesPrinted : 0;
+    const bool printed = printRange(editor, from, to);
+    editor->SendScintilla(QsciScintillaBase::SCI_SETVIEWWS, whitespace);
+    editor->SendScintilla(QsciScintillaBase::SCI_SETVIEWEOL, lineEnds);
+    return printed ? m_pagesPrinted : 0;
 }
 
 void DocumentPrinter::formatPage(QPainter &painter, bool drawing, QRect &area, int pageNumber)

@@ -81,9 +81,13 @@ void TstDocumentPrinter::pdfHasTheExpectedPageCount()
     }
     editor.setText(lines.join(QLatin1Char('\n')));
 
+    editor.setWhitespaceVisibility(QsciScintilla::WsVisible);
+
     const int expected = std::max(1, int(std::ceil(pages)));
     QCOMPARE(printer.printDocument(&editor), expected);
     QCOMPARE(pdfPageCount(output), expected);
+    // Markers are left off the paper only.
+    QCOMPARE(editor.whitespaceVisibility(), QsciScintilla::WsVisible);
     editor.setLexer(nullptr);
 }
 
