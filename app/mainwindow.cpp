@@ -37,7 +37,8 @@ MainWindow::MainWindow(const QStringList &args, QWidget *parent, Qt::WindowFlags
 
 MainWindow::~MainWindow()
 {
-    delete appInterface;
+    if (m_factoryObject)
+        delete appInterface;
 }
 
 QMenu *MainWindow::menu(int index) const

@@ -2,6 +2,7 @@
 
 #include <QList>
 #include <QMainWindow>
+#include <QPointer>
 #include <QStringList>
 
 #include <array>
@@ -129,6 +130,9 @@ private:
     QList<QWidget *> toolList;
     QList<hubAppInterface *> appInterfaces;
     hubAppInterface *appInterface = nullptr;
+    // The plug-in's root object: every window of the process gets the same
+    // one, and only the first window to go deletes it.
+    QPointer<QObject> m_factoryObject;
     QStringList arguments;
     QStringList recentFiles;
     OptDlg *optDlg = nullptr;

@@ -28,6 +28,7 @@ void MainWindow::loadToolPlugin()
         qDebug("%s is Koru app tool %s", fileName.toLatin1().constData(),
                factory->getAppName().toLatin1().constData());
         appInterface = factory;
+        m_factoryObject = root;
     } else {
         qDebug("%s is not Koru app tool", fileName.toLatin1().constData());
         // The text has no place marker, so it reads "%s" as written.

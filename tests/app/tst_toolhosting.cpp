@@ -1,3 +1,4 @@
+#include "baseusrsettings.h"
 #include "fakecontrol.h"
 #include "faketool.h"
 #include "mainwindow.h"
@@ -82,6 +83,7 @@ private:
 void TestToolHosting::init()
 {
     FakeControl::instance()->reset();
+    BaseUsrSettings("SRC_EDITOR").clear();
     m_startDir = QDir::currentPath();
 }
 
@@ -223,7 +225,7 @@ void TestToolHosting::openThreeFilesFromOneDialog()
         startDir = dialog->directory().absolutePath();
         filters = dialog->nameFilters();
         dialog->selectFile(R"("b.txt" "c.txt" "a.txt")");
-        dialog->accept();
+        QMetaObject::invokeMethod(dialog, "accept");
     };
     shellAction("FILE > OPEN")->trigger();
 

@@ -1,0 +1,199 @@
+#include "baseusrsettings.h"
+#include "fakecontrol.h"
+#include "mainwindow.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QTest>
+
+namespace {
+
+QStringList storedList()
+{
+    BaseUsrSettings settings("SRC_EDITOR");
+    settings.beginGroup("Recent_Files");
+    return settings.value("RecentFileList").toStringList();
+}
+
+void store(const QStringList &list)
+{
+    BaseUsrSettings settings("SRC_EDITOR");
+    settings.beginGroup("Recent_Files");
+    settings.setValue("RecentFileList", list);
+}
+
+QStringList numbered(const QString &prefix, int count)
+{
+    QStringList list;
+    for (int i = 1; i <= count; ++i)
+        list.append(prefix + QString::number(i));
+    return list;
+}
+
+QList<QMenu *> recentMenus(const MainWindow &window)
+{
+    QList<QMenu *> menus;
+    for (QMenu *menu : window.menu(0)->findChildren<QMenu *>(Qt::FindDirectChildrenOnly)) {
+        if (menu->title() == QLatin1String("Recent Files"))
+            menus.append(menu);
+    }
+    return menus;
+}
+
+QList<QAction *> visibleActions(QMenu *menu)
+{
+    QList<QAction *> visible;
+    for (QAction *action : menu->actions()) {
+        if (action->isVisible())
+            visible.append(action);
+    }
+    return visible;
+}
+
+} // namespace
+
+// The list of recently opened files: its store, its order and its menu.
+class TestRecentFiles : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void addition_data();
+    void addition();
+    void storedListIsTheBaseOfEachChange();
+    void longStoredListLoadsWhole();
+    void actionTextsAndData();
+    void noSubMenuWhileEmpty();
+    void choosingAnEntryOpensItAgain();
+    void failedOpenKeepsTheEntry();
+};
+
+void TestRecentFiles::init()
+{
+    FakeControl::instance()->reset();
+    BaseUsrSettings("SRC_EDITOR").clear();
+}
+
+void TestRecentFiles::addition_data()
+{
+    QTest::addColumn<QStringList>("stored");
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QStringList>("expected");
+
+    const QStringList ten = numbered("/p", 10);
+    QTest::newRow("first entry") << QStringList() << "/a" << QStringList{"/a"};
+    QTest::newRow("most recent first") << QStringList{"/a"} << "/b" << QStringList{"/b", "/a"};
+    QTest::newRow("position 7 moves to the front")
+        << ten << "/p7" << (QStringList{"/p7"} + ten.mid(0, 6) + ten.mid(7));
+    QTest::newRow("letter case makes another entry")
+        << QStringList{"/a.txt"} << "/A.txt" << QStringList{"/A.txt", "/a.txt"};
+    QTest::newRow("exact strings, no normalising")
+        << QStringList{"/x/../a"} << "/a" << QStringList{"/a", "/x/../a"};
+    QTest::newRow("every duplicate removed")
+        << QStringList{"/a", "/b", "/a"} << "/a" << QStringList{"/a", "/b"};
+    QTest::newRow("sixteenth drops the oldest")
+        << numbered("/p", 15) << "/new" << (QStringList{"/new"} + numbered("/p", 14));
+    QTest::newRow("long stored list is cut to 15")
+        << numbered("/p", 20) << "/new" << (QStringList{"/new"} + numbered("/p", 14));
+}
+
+void TestRecentFiles::addition()
+{
+    QFETCH(QStringList, stored);
+    QFETCH(QString, path);
+    QFETCH(QStringList, expected);
+
+    store(stored);
+    MainWindow window({});
+    QCOMPARE(window.recentFileList(), stored);
+    window.onFileSaved(path);
+    QCOMPARE(storedList(), expected);
+    QCOMPARE(window.recentFileList(), expected);
+}
+
+void TestRecentFiles::storedListIsTheBaseOfEachChange()
+{
+    MainWindow first({});
+    MainWindow second({});
+    first.onFileSaved("/a");
+    second.onFileSaved("/b");
+    first.onFileSaved("/c");
+    QCOMPARE(storedList(), QStringList({"/c", "/b", "/a"}));
+    QCOMPARE(first.recentFileList(), storedList());
+}
+
+void TestRecentFiles::longStoredListLoadsWhole()
+{
+    store(numbered("/p", 20));
+    MainWindow window({});
+    QCOMPARE(window.recentFileList(), numbered("/p", 20));
+    window.updateMenu();
+    const QList<QMenu *> menus = recentMenus(window);
+    QCOMPARE(menus.size(), 1);
+    QCOMPARE(menus.first()->actions().size(), 15);
+    const QList<QAction *> visible = visibleActions(menus.first());
+    QCOMPARE(visible.size(), 15);
+    QCOMPARE(visible.last()->data().toString(), QStringLiteral("/p15"));
+}
+
+void TestRecentFiles::actionTextsAndData()
+{
+    store(numbered("/p", 11));
+    MainWindow window({});
+    window.updateMenu();
+    const QList<QAction *> actions = recentMenus(window).value(0)->actions();
+    QCOMPARE(actions.size(), 15);
+    QCOMPARE(actions[0]->text(), QStringLiteral("&1 /p1"));
+    QCOMPARE(actions[9]->text(), QStringLiteral("&10 /p10"));
+    QCOMPARE(actions[10]->data().toString(), QStringLiteral("/p11"));
+    QVERIFY(actions[10]->isVisible());
+    QVERIFY(!actions[11]->isVisible());
+    QVERIFY(recentMenus(window).value(0)->objectName().isEmpty());
+
+    // After an addition the texts follow the new order.
+    window.onFileSaved("/p10");
+    window.updateMenu();
+    const QList<QAction *> after = recentMenus(window).value(0)->actions();
+    QCOMPARE(after[0]->text(), QStringLiteral("&1 /p10"));
+    QCOMPARE(after[1]->text(), QStringLiteral("&2 /p1"));
+    QCOMPARE(visibleActions(recentMenus(window).value(0)).size(), 11);
+}
+
+void TestRecentFiles::noSubMenuWhileEmpty()
+{
+    MainWindow window({});
+    window.updateMenu();
+    QVERIFY(recentMenus(window).isEmpty());
+    window.onFileSaved("/a");
+    window.updateMenu();
+    QCOMPARE(recentMenus(window).size(), 1);
+}
+
+void TestRecentFiles::choosingAnEntryOpensItAgain()
+{
+    store({"/a", "/b", "/c"});
+    MainWindow window({});
+    window.updateMenu();
+    QAction *third = recentMenus(window).value(0)->actions().value(2);
+    QVERIFY(third);
+    third->trigger();
+    QCOMPARE(FakeControl::instance()->createCalls, QList<QStringList>{{"/c"}});
+    QCOMPARE(window.tools().size(), 1);
+    QCOMPARE(storedList(), QStringList({"/c", "/a", "/b"}));
+}
+
+void TestRecentFiles::failedOpenKeepsTheEntry()
+{
+    store({"/gone", "/b"});
+    FakeControl::instance()->returnNull = true;
+    MainWindow window({});
+    window.updateMenu();
+    recentMenus(window).value(0)->actions().value(0)->trigger();
+    QCOMPARE(FakeControl::instance()->createCalls.size(), 1);
+    QCOMPARE(storedList(), QStringList({"/gone", "/b"}));
+    QVERIFY(window.tools().isEmpty());
+}
+
+QTEST_MAIN(TestRecentFiles)
+#include "tst_recentfiles.moc"
