@@ -15,7 +15,6 @@ private Q_SLOTS:
     void storedValuesLoadAgain();
     void malformedValueReadsAsDefault_data();
     void malformedValueReadsAsDefault();
-    void valuesLiveInTheUserStore();
 };
 
 namespace {
@@ -105,17 +104,6 @@ void TstEditorSettings::malformedValueReadsAsDefault()
         settings.setValue(key, value);
     }
     compareValues(EditorSettings::load(), EditorSettings::defaults());
-}
-
-void TstEditorSettings::valuesLiveInTheUserStore()
-{
-    QVERIFY(EditorSettings::store(nonDefaults()));
-    BaseUsrSettings settings("SRC_EDITOR");
-    // The test runner points the user's configuration at a temporary folder.
-    QVERIFY(settings.fileName().startsWith(qEnvironmentVariable("XDG_CONFIG_HOME")));
-    QCOMPARE(settings.value(QStringLiteral("Editor/TabWidth")).toInt(), 8);
-    QCOMPARE(settings.value(QStringLiteral("Files/DefaultLineEnding")).toString(),
-             QStringLiteral("CRLF"));
 }
 
 QTEST_MAIN(TstEditorSettings)
