@@ -1,5 +1,7 @@
 #include "appsetup.h"
+#include "findinfiles.h"
 #include "mainwindow.h"
+#include "menuactionman.h"
 
 #include <QApplication>
 
@@ -12,6 +14,7 @@ int main(int argc, char *argv[])
         args.append(QString::fromLatin1(argv[i]));
 
     MainWindow window(args);
+    new FindInFiles(&window, MenuActionMan::instance()->findShellAction("EDIT > FIND IN FILES..."));
     window.resize(800, 600);
     window.show();
     return app.exec();
