@@ -64,10 +64,8 @@ SearchEngine::SearchEngine(QObject *parent)
 
 SearchEngine::~SearchEngine()
 {
-    if (m_run) {
-        m_run->cancel = true;
-        m_run->roomFreed.notify_all();
-    }
+    if (m_run)
+        cancel(*m_run);
     if (m_worker.joinable())
         m_worker.join();
 }
@@ -92,8 +90,7 @@ void SearchEngine::stop()
     if (!m_run)
         return;
     const std::shared_ptr<Run> run = std::move(m_run);
-    run->cancel = true;
-    run->roomFreed.notify_all();
+    cancel(*run);
     if (m_worker.joinable())
         m_worker.join();
     m_progressTimer.stop();
@@ -111,6 +108,17 @@ void SearchEngine::stop()
     summary.hitsNotShown = run->hitsNotShown;
     summary.hits = run->hitsDelivered + summary.hitsNotShown;
     emit finished(summary);
+}
+
+void SearchEngine::cancel(Run &run)
+{
+    {
+        // Set under the lock: a worker between testing the flag and waiting for
+        // room would otherwise miss the wake-up and never end.
+        std::lock_guard lock(run.mutex);
+        run.cancel = true;
+    }
+    run.roomFreed.notify_all();
 }
 
 void SearchEngine::post(const std::shared_ptr<Run> &run)

@@ -42,6 +42,7 @@ signals:
 private:
     struct Run;
 
+    static void cancel(Run &run);
     void runSearch(const std::shared_ptr<Run> &run);
     void post(const std::shared_ptr<Run> &run);
     void deliver(const std::shared_ptr<Run> &run);
