@@ -1025,5 +1025,9 @@ Neu laden?</translation>
         <source>The file is not valid %1: it was left as it is.</source>
         <translation>Die Datei ist kein gültiges %1: sie wurde unverändert gelassen.</translation>
     </message>
+    <message>
+        <source>No byte order mark: opened as %1.</source>
+        <translation>Keine Bytereihenfolgemarke: als %1 geöffnet.</translation>
+    </message>
 </context>
 </TS>
