@@ -104,7 +104,6 @@ private:
 
     void addTool(QWidget *tool);
     void openFile(const QString &path);
-    void showTool(QWidget *tool);
 
     void createRecentFileActions();
     void loadRecentFiles();
