@@ -1,5 +1,6 @@
 #include "baseaction.h"
 #include "menuactionman.h"
+#include "standardactions.h"
 
 #include <QAction>
 #include <QKeySequence>
@@ -63,6 +64,7 @@ void MenuActionMan::createEditActions()
     registerAction("Replace", new BaseAction("Replace", this), ToolAction, EditMenu);
     auto *findInFiles = new QAction(QStringLiteral("Find in Files..."), this);
     findInFiles->setShortcut(QKeySequence(tr("Ctrl+Shift+F")));
+    findInFiles->setIcon(StandardActions::icon(QStringLiteral("Find in Files...")));
     registerAction("Find in Files...", findInFiles, ShellAction, EditMenu);
     registerAction("Go To", new BaseAction("Go To", this), ToolAction, EditMenu);
     addSeparator(EditMenu);
@@ -81,5 +83,7 @@ void MenuActionMan::createViewActions()
 
 void MenuActionMan::createToolsActions()
 {
-    registerAction("Option", new QAction(tr("Option..."), this), ShellAction, ToolsMenu);
+    auto *option = new QAction(tr("Option..."), this);
+    option->setIcon(StandardActions::icon(QStringLiteral("Option")));
+    registerAction("Option", option, ShellAction, ToolsMenu);
 }

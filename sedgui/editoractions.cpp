@@ -3,6 +3,7 @@
 #include "editorcommands.h"
 #include "languages.h"
 #include "sedgui.h"
+#include "standardactions.h"
 #include "textfilecodec.h"
 #include "textformat.h"
 #include "userprompt.h"
@@ -101,6 +102,12 @@ EditorActions::EditorActions(SedGUI *tool)
     m_lineEndingMenu =
         addSubMenu(m_viewActions, QStringLiteral("lineEndings"), tr("&Line Endings"));
     m_syntaxMenu = addSubMenu(m_viewActions, QStringLiteral("syntax"), tr("&Syntax"));
+
+    zoomIn->setIcon(StandardActions::themedIcon(QStringLiteral("zoom-in")));
+    action(QStringLiteral("zoomOut"))
+        ->setIcon(StandardActions::themedIcon(QStringLiteral("zoom-out")));
+    action(QStringLiteral("zoomReset"))
+        ->setIcon(StandardActions::themedIcon(QStringLiteral("zoom-original")));
 
     connect(lineNumbers, &QAction::toggled, this, &EditorActions::setLineNumbersVisible);
     connect(wordWrap, &QAction::toggled, this, [editor](bool on) {
