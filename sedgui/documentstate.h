@@ -39,6 +39,7 @@ struct DocumentState
     bool diskNoticeShown = false;
     // A line to show once the widget has a size (goToLine before showing).
     int pendingLine = 0;
+    bool selectPendingLine = false;
 
     // The states last sent to the shared actions.
     struct EditState

@@ -2,6 +2,7 @@
 
 #include "connection.h"
 #include "documentstate.h"
+#include "editorcommands.h"
 #include "editorsettings.h"
 #include "infobar.h"
 #include "templatetree.h"
@@ -19,9 +20,22 @@
 
 #include <Qsci/qsciscintilla.h>
 
+#include <utility>
+
 namespace koru::sedgui {
 
 namespace {
+
+// Selects the caret's line without its line ending, the caret at its start.
+void selectCaretLine(QsciScintilla *editor)
+{
+    int line = 0;
+    int index = 0;
+    editor->getCursorPosition(&line, &index);
+    const long start = editor->SendScintilla(QsciScintillaBase::SCI_POSITIONFROMLINE, line);
+    const long end = editor->SendScintilla(QsciScintillaBase::SCI_GETLINEENDPOSITION, line);
+    editor->SendScintilla(QsciScintillaBase::SCI_SETSEL, end, start);
+}
 
 // The lowest "Untitled N" number no open document uses.
 int freeUntitledNumber()
@@ -225,7 +239,12 @@ void SedGUI::processArgs(QWidget *, QStringList args)
     const ToolArgs parsed = ToolArgs::parse(args, QDir::currentPath());
     for (const ToolArgs::File &file : parsed.files) {
         if (file.line > 0 && (parsed.files.size() == 1 || file.path == m_doc->filePath)) {
+            // Opened at a line (a search hit, a compiler message): show which line.
             goToLine(file.line);
+            if (isVisible())
+                selectCaretLine(m_editor);
+            else
+                m_doc->selectPendingLine = true;
             return;
         }
     }
@@ -259,6 +278,8 @@ void SedGUI::showEvent(QShowEvent *event)
         const int line = m_doc->pendingLine;
         m_doc->pendingLine = 0;
         goToLine(line);
+        if (std::exchange(m_doc->selectPendingLine, false))
+            selectCaretLine(m_editor);
     }
 }
 
@@ -269,12 +290,12 @@ QString SedGUI::selectedText() const
 
 void SedGUI::undo()
 {
-    m_editor->undo();
+    EditorCommands::undo(m_editor);
 }
 
 void SedGUI::redo()
 {
-    m_editor->redo();
+    EditorCommands::redo(m_editor);
 }
 
 void SedGUI::cut()

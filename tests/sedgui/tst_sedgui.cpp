@@ -59,7 +59,7 @@ private Q_SLOTS:
     void missingPathCreatesNothingUntilSaved();
     void hugeLineOpensPlainAndSavesExactly_data();
     void hugeLineOpensPlainAndSavesExactly();
-    void processArgsMovesToLine();
+    void processArgsSelectsTheLine();
     void formatChangeIsSaved_data();
     void formatChangeIsSaved();
     void reopenWithEncoding();
@@ -328,7 +328,7 @@ void TestSedGUI::hugeLineOpensPlainAndSavesExactly()
     QVERIFY(readAll(path) == bytes);
 }
 
-void TestSedGUI::processArgsMovesToLine()
+void TestSedGUI::processArgsSelectsTheLine()
 {
     const QString path = m_dir.filePath(QStringLiteral("lines.txt"));
     QByteArray bytes;
@@ -342,6 +342,9 @@ void TestSedGUI::processArgsMovesToLine()
     int index = -1;
     tool.editor()->getCursorPosition(&line, &index);
     QCOMPARE(line, 149);
+    tool.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&tool));
+    QCOMPARE(tool.selectedText(), QStringLiteral("line 150"));
 }
 
 void TestSedGUI::formatChangeIsSaved_data()
