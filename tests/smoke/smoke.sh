@@ -88,9 +88,10 @@ editor_pid=$!
 
 # An exited child stays a zombie until waited for, which kill -0 still sees.
 exited() {
-    local state
-    state=$(ps -o stat= -p "$editor_pid" 2>/dev/null) || return 0
-    [[ $state == Z* ]]
+    local stat
+    stat=$(cat "/proc/$editor_pid/stat" 2>/dev/null) || return 0
+    stat=${stat##*) }
+    [[ $stat == Z* ]]
 }
 find_window() {
     window=$(xdotool search --onlyvisible --name "$1" 2>/dev/null | head -1)
