@@ -14,18 +14,26 @@ namespace koru::sedgui {
 
 EditorOptionsPage::EditorOptionsPage(QWidget *parent)
     : OptWidget(parent)
-    , m_font(new QFontComboBox(this))
-    , m_fontSize(new QSpinBox(this))
-    , m_tabWidth(new QSpinBox(this))
-    , m_indentWithSpaces(new QCheckBox(tr("Indent with &spaces"), this))
-    , m_autoIndent(new QCheckBox(tr("&Automatic indentation"), this))
-    , m_lineNumbers(new QCheckBox(tr("Show line &numbers"), this))
-    , m_wordWrap(new QCheckBox(tr("&Wrap long lines"), this))
-    , m_showWhitespace(new QCheckBox(tr("Show &whitespace"), this))
-    , m_highlightCurrentLine(new QCheckBox(tr("&Highlight the current line"), this))
-    , m_braceMatching(new QCheckBox(tr("Highlight matching &braces"), this))
 {
     setObjectName(QStringLiteral("EditorOptionsPage"));
+}
+
+// The options dialog makes every page at start-up, and the font list alone
+// is costly: the controls are made when the page is first refreshed.
+void EditorOptionsPage::ensureControls()
+{
+    if (m_font)
+        return;
+    m_font = new QFontComboBox(this);
+    m_fontSize = new QSpinBox(this);
+    m_tabWidth = new QSpinBox(this);
+    m_indentWithSpaces = new QCheckBox(tr("Indent with &spaces"), this);
+    m_autoIndent = new QCheckBox(tr("&Automatic indentation"), this);
+    m_lineNumbers = new QCheckBox(tr("Show line &numbers"), this);
+    m_wordWrap = new QCheckBox(tr("&Wrap long lines"), this);
+    m_showWhitespace = new QCheckBox(tr("Show &whitespace"), this);
+    m_highlightCurrentLine = new QCheckBox(tr("&Highlight the current line"), this);
+    m_braceMatching = new QCheckBox(tr("Highlight matching &braces"), this);
     const std::pair<QWidget *, const char *> names[] = {
         {m_font, "font"},
         {m_fontSize, "fontSize"},
@@ -57,11 +65,11 @@ EditorOptionsPage::EditorOptionsPage(QWidget *parent)
         layout->addWidget(box);
     }
     layout->addStretch(1);
-    refreshPage();
 }
 
 void EditorOptionsPage::showValues(const EditorSettings::Values &values)
 {
+    ensureControls();
     m_font->setCurrentFont(values.font);
     m_fontSize->setValue(values.font.pointSize());
     m_tabWidth->setValue(values.tabWidth);
@@ -76,6 +84,9 @@ void EditorOptionsPage::showValues(const EditorSettings::Values &values)
 
 void EditorOptionsPage::readValues(EditorSettings::Values *values) const
 {
+    // A page that was never shown has no choices of the user's to add.
+    if (!m_font)
+        return;
     QFont font = values->font;
     font.setFamily(m_font->currentFont().family());
     font.setPointSize(m_fontSize->value());
@@ -97,6 +108,8 @@ void EditorOptionsPage::refreshPage()
 
 void EditorOptionsPage::applyPage()
 {
+    if (!m_font)
+        return;
     EditorSettings::Values values = EditorSettings::load();
     readValues(&values);
     OptionPages::storeAndApply(values, this);

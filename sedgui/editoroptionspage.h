@@ -28,6 +28,8 @@ public:
     void readValues(EditorSettings::Values *values) const;
 
 private:
+    void ensureControls();
+
     QFontComboBox *m_font = nullptr;
     QSpinBox *m_fontSize = nullptr;
     QSpinBox *m_tabWidth = nullptr;

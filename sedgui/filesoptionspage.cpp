@@ -12,15 +12,23 @@ namespace koru::sedgui {
 
 FilesOptionsPage::FilesOptionsPage(QWidget *parent)
     : OptWidget(parent)
-    , m_encoding(new QComboBox(this))
-    , m_lineEnding(new QComboBox(this))
-    , m_reloadUnmodified(
-          new QCheckBox(tr("&Reload files changed by other programs when they are not modified "
-                           "here, without asking"),
-                        this))
-    , m_trimTrailing(new QCheckBox(tr("&Trim trailing whitespace when saving"), this))
 {
     setObjectName(QStringLiteral("FilesOptionsPage"));
+}
+
+// Made on the first refresh, not at start-up when the options dialog makes
+// every page.
+void FilesOptionsPage::ensureControls()
+{
+    if (m_encoding)
+        return;
+    m_encoding = new QComboBox(this);
+    m_lineEnding = new QComboBox(this);
+    m_reloadUnmodified =
+        new QCheckBox(tr("&Reload files changed by other programs when they are not modified "
+                         "here, without asking"),
+                      this);
+    m_trimTrailing = new QCheckBox(tr("&Trim trailing whitespace when saving"), this);
     m_encoding->setObjectName(QStringLiteral("defaultEncoding"));
     m_lineEnding->setObjectName(QStringLiteral("defaultLineEnding"));
     m_reloadUnmodified->setObjectName(QStringLiteral("reloadUnmodifiedSilently"));
@@ -41,11 +49,11 @@ FilesOptionsPage::FilesOptionsPage(QWidget *parent)
     layout->addWidget(m_reloadUnmodified);
     layout->addWidget(m_trimTrailing);
     layout->addStretch(1);
-    refreshPage();
 }
 
 void FilesOptionsPage::showValues(const EditorSettings::Values &values)
 {
+    ensureControls();
     int index = m_encoding->findData(values.defaultEncoding);
     if (index < 0) {
         m_encoding->addItem(QString::fromLatin1(values.defaultEncoding), values.defaultEncoding);
@@ -60,6 +68,8 @@ void FilesOptionsPage::showValues(const EditorSettings::Values &values)
 
 void FilesOptionsPage::readValues(EditorSettings::Values *values) const
 {
+    if (!m_encoding)
+        return;
     values->defaultEncoding = m_encoding->currentData().toByteArray();
     values->defaultLineEnding = LineEnding(m_lineEnding->currentData().toInt());
     values->reloadUnmodifiedSilently = m_reloadUnmodified->isChecked();
@@ -73,6 +83,8 @@ void FilesOptionsPage::refreshPage()
 
 void FilesOptionsPage::applyPage()
 {
+    if (!m_encoding)
+        return;
     EditorSettings::Values values = EditorSettings::load();
     readValues(&values);
     OptionPages::storeAndApply(values, this);

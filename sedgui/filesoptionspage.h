@@ -25,6 +25,8 @@ public:
     void readValues(EditorSettings::Values *values) const;
 
 private:
+    void ensureControls();
+
     QComboBox *m_encoding = nullptr;
     QComboBox *m_lineEnding = nullptr;
     QCheckBox *m_reloadUnmodified = nullptr;

@@ -26,6 +26,7 @@ private Q_SLOTS:
     void cancelAfterEditingChangesNothing();
     void defaultsRestoreControlsOnly();
     void valuesLoadOnTheNextStart();
+    void pageNeverShownAppliesNothing();
     void filesPageStoresItsValues();
     void trimOnSaveFollowsTheOption();
 
@@ -124,12 +125,14 @@ void TstOptionPages::valuesLoadOnTheNextStart()
 {
     {
         std::unique_ptr<OptWidget> page(OptionPages::create(QStringLiteral("Editor")));
+        page->refreshPage();
         control<QSpinBox>(page.get(), "tabWidth")->setValue(5);
         control<QCheckBox>(page.get(), "highlightCurrentLine")->setChecked(false);
         page->applyPage();
     }
     // A new page and a new tool read only what is in the store.
     std::unique_ptr<OptWidget> page(OptionPages::create(QStringLiteral("Editor")));
+    page->refreshPage();
     QCOMPARE(control<QSpinBox>(page.get(), "tabWidth")->value(), 5);
     QVERIFY(!control<QCheckBox>(page.get(), "highlightCurrentLine")->isChecked());
     SedGUI tool;
@@ -137,9 +140,26 @@ void TstOptionPages::valuesLoadOnTheNextStart()
     QVERIFY(!tool.editor()->SendScintilla(QsciScintillaBase::SCI_GETCARETLINEVISIBLE));
 }
 
+// OK applies every page, also those the user never opened: such a page must
+// not write its blank controls over the stored values.
+void TstOptionPages::pageNeverShownAppliesNothing()
+{
+    EditorSettings::Values stored = EditorSettings::load();
+    stored.tabWidth = 7;
+    stored.trimTrailingWhitespace = true;
+    QVERIFY(EditorSettings::store(stored));
+    for (const QString &name : OptionPages::names()) {
+        std::unique_ptr<OptWidget> page(OptionPages::create(name));
+        page->applyPage();
+    }
+    QCOMPARE(EditorSettings::load().tabWidth, 7);
+    QVERIFY(EditorSettings::load().trimTrailingWhitespace);
+}
+
 void TstOptionPages::filesPageStoresItsValues()
 {
     std::unique_ptr<OptWidget> page(OptionPages::create(QStringLiteral("Files")));
+    page->refreshPage();
     auto *encoding = control<QComboBox>(page.get(), "defaultEncoding");
     auto *lineEnding = control<QComboBox>(page.get(), "defaultLineEnding");
     QCOMPARE(encoding->currentData().toByteArray(), QByteArray("UTF-8"));
@@ -168,6 +188,7 @@ void TstOptionPages::trimOnSaveFollowsTheOption()
     QCOMPARE(tool.editor()->text(), QStringLiteral("a  \nb\t\n"));
 
     std::unique_ptr<OptWidget> page(OptionPages::create(QStringLiteral("Files")));
+    page->refreshPage();
     control<QCheckBox>(page.get(), "trimTrailingWhitespace")->setChecked(true);
     page->applyPage();
     tool.prepareForSave();
