@@ -232,6 +232,10 @@ void SedGUI::closeTool(bool force)
 void SedGUI::activate()
 {
     emitEditState(true);
+    // A window that has just opened has no keyboard focus anywhere: give it
+    // to the document, so that typing goes where the user looks.
+    if (!window()->focusWidget())
+        m_editor->setFocus(Qt::OtherFocusReason);
 }
 
 void SedGUI::processArgs(QWidget *, QStringList args)

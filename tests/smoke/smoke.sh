@@ -121,9 +121,6 @@ case $title in
 esac
 other_before=$(sha256sum <"$other")
 # A user clicks into the text before typing.
-eval "$(xdotool getwindowgeometry --shell "$window")"
-xdotool mousemove --window "$window" $((WIDTH / 2)) $((HEIGHT / 2)) click 1
-sleep 0.3
 xdotool key --clearmodifiers ctrl+End
 xdotool type --delay 30 "smoke test"
 xdotool key --clearmodifiers Return ctrl+s
