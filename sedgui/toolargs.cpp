@@ -1,6 +1,9 @@
 #include "toolargs.h"
 
+#include "textfilecodec.h"
+
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QUrl>
@@ -17,12 +20,34 @@ int lineNumber(const QString &text)
     return ok && line > 0 ? line : 0;
 }
 
+// The shell hands its command-line words over one character per byte, so a
+// UTF-8 file name arrives as "cafÃ©.c". Such a name is read again as the
+// bytes it was; a name with characters beyond Latin-1, or whose bytes are not
+// UTF-8, is a real name and stays as it is.
+QString fileNameFromBytes(const QString &name)
+{
+    bool beyondAscii = false;
+    for (const QChar c : name) {
+        if (c.unicode() > 0xff)
+            return name;
+        beyondAscii = beyondAscii || c.unicode() >= 0x80;
+    }
+    if (!beyondAscii)
+        return name;
+    const QByteArray bytes = name.toLatin1();
+    return TextFileCodec::isValidUtf8(bytes.constData(), bytes.size()) ? QFile::decodeName(bytes)
+                                                                       : name;
+}
+
 QString absolutePath(const QString &argument, const QDir &workingDir)
 {
     QString path = argument;
     if (path.startsWith(QLatin1String("file://")))
         path = QUrl(path).toLocalFile();
-    return QDir::cleanPath(workingDir.absoluteFilePath(path));
+    const QString asGiven = QDir::cleanPath(workingDir.absoluteFilePath(path));
+    if (QFileInfo::exists(asGiven))
+        return asGiven;
+    return QDir::cleanPath(workingDir.absoluteFilePath(fileNameFromBytes(path)));
 }
 
 } // namespace

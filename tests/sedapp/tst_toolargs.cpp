@@ -50,6 +50,12 @@ void TestToolArgs::parse_data()
         << QStringList();
     QTest::newRow("file url") << QStringList{"file:///tmp/a%20b.txt"}
                               << QList<File>{{"/tmp/a b.txt", 0}} << QStringList();
+    QTest::newRow("UTF-8 name handed over byte by byte")
+        << QStringList{QString::fromLatin1("/src/caf\xc3\xa9.c")}
+        << QList<File>{{QString::fromUtf8("/src/caf\xc3\xa9.c"), 0}} << QStringList();
+    QTest::newRow("Latin-1 name stays")
+        << QStringList{QString::fromUtf8("/src/caf\xc3\xa9.c")}
+        << QList<File>{{QString::fromUtf8("/src/caf\xc3\xa9.c"), 0}} << QStringList();
     QTest::newRow("empty argument") << QStringList{""} << QList<File>() << QStringList();
 }
 
