@@ -33,6 +33,7 @@ fail() {
         sed 's/^/    /' "$log" | tail -40 >&2
     fi
     echo "smoke: screenshots in $shots" >&2
+    echo "smoke: 0 passed, 1 failed"
     exit 1
 }
 shot() {
@@ -150,4 +151,5 @@ status=0
 wait "$editor_pid" || status=$?
 editor_pid=""
 ((status == 0)) || fail "the editor exited with status $status"
-echo "smoke: PASS; screenshots in $shots"
+echo "smoke: screenshots in $shots"
+echo "smoke: 1 passed, 0 failed"
