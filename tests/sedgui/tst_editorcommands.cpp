@@ -1,4 +1,3 @@
-#include "commentsyntax.h"
 #include "editorcommands.h"
 #include "gotodialog.h"
 
@@ -22,10 +21,8 @@ private Q_SLOTS:
     void goToLineShowsAFoldedLine();
     void parseGoToText_data();
     void parseGoToText();
-    void toggleComment_data();
-    void toggleComment();
+    void toggleCommentIsOneUndoStep_data();
     void toggleCommentIsOneUndoStep();
-    void lexerLanguagesHaveCommentSyntax();
     void duplicateLines_data();
     void duplicateLines();
     void trimTrailingWhitespace();
@@ -33,42 +30,51 @@ private Q_SLOTS:
 
 namespace {
 
-QString numberedLines(int count)
+void select(QsciScintilla &editor, int from, int to)
 {
-    QStringList lines;
-    for (int i = 1; i <= count; ++i) {
-        lines << QStringLiteral("line %1 text").arg(i);
-    }
-    return lines.join(QLatin1Char('\n'));
+    editor.SendScintilla(QsciScintillaBase::SCI_SETSEL, static_cast<unsigned long>(from),
+                         static_cast<long>(to));
+}
+
+// from -1: no selection, caret at 0.
+void commentRow(const char *name, const char *language, const char *text, int from, int to,
+                const char *result)
+{
+    QTest::newRow(name) << QString::fromLatin1(language) << QString::fromLatin1(text) << from << to
+                        << QString::fromLatin1(result);
 }
 
 } // namespace
 
 void TstEditorCommands::goToLineClamps_data()
 {
-    QTest::addColumn<qint64>("line");
-    QTest::addColumn<qint64>("column");
+    QTest::addColumn<int>("line");
+    QTest::addColumn<int>("column");
     QTest::addColumn<int>("expectedLine");
     QTest::addColumn<int>("expectedIndex");
 
-    QTest::newRow("first line") << qint64(1) << qint64(1) << 1 << 0;
-    QTest::newRow("middle with column") << qint64(250) << qint64(6) << 250 << 5;
-    QTest::newRow("zero goes to the first line") << qint64(0) << qint64(1) << 1 << 0;
-    QTest::newRow("past the end goes to the last line") << qint64(999999) << qint64(1) << 500 << 0;
-    QTest::newRow("huge number") << qint64(1) << qint64(0) << 1 << 0;
-    QTest::newRow("column past the line end") << qint64(3) << qint64(400) << 3 << 11;
+    QTest::newRow("first line") << 1 << 1 << 1 << 0;
+    QTest::newRow("middle with column") << 250 << 6 << 250 << 5;
+    QTest::newRow("zero goes to the first line") << 0 << 1 << 1 << 0;
+    QTest::newRow("past the end goes to the last line") << 999999 << 1 << 500 << 0;
+    QTest::newRow("column zero") << 1 << 0 << 1 << 0;
+    QTest::newRow("column past the line end") << 3 << 400 << 3 << 11;
 }
 
 void TstEditorCommands::goToLineClamps()
 {
-    QFETCH(qint64, line);
-    QFETCH(qint64, column);
+    QFETCH(int, line);
+    QFETCH(int, column);
     QFETCH(int, expectedLine);
     QFETCH(int, expectedIndex);
 
     QsciScintilla editor;
     editor.resize(400, 300);
-    editor.setText(numberedLines(500));
+    QStringList lines;
+    for (int i = 1; i <= 500; ++i) {
+        lines << QStringLiteral("line %1 text").arg(i);
+    }
+    editor.setText(lines.join(QLatin1Char('\n')));
     editor.show();
     QVERIFY(QTest::qWaitForWindowExposed(&editor));
 
@@ -106,73 +112,57 @@ void TstEditorCommands::goToLineShowsAFoldedLine()
 void TstEditorCommands::parseGoToText_data()
 {
     QTest::addColumn<QString>("text");
-    QTest::addColumn<bool>("valid");
-    QTest::addColumn<qint64>("line");
+    QTest::addColumn<qint64>("line"); // 0: invalid
     QTest::addColumn<qint64>("column");
 
-    QTest::newRow("line") << "42" << true << qint64(42) << qint64(1);
-    QTest::newRow("line:column") << "42:7" << true << qint64(42) << qint64(7);
-    QTest::newRow("line,column with spaces") << " 42 , 7 " << true << qint64(42) << qint64(7);
-    QTest::newRow("empty") << "" << false << qint64(0) << qint64(0);
-    QTest::newRow("words") << "ten" << false << qint64(0) << qint64(0);
-    QTest::newRow("negative") << "-3" << false << qint64(0) << qint64(0);
-    QTest::newRow("trailing colon") << "5:" << false << qint64(0) << qint64(0);
+    QTest::newRow("line") << "42" << qint64(42) << qint64(1);
+    QTest::newRow("line:column") << "42:7" << qint64(42) << qint64(7);
+    QTest::newRow("line,column with spaces") << " 42 , 7 " << qint64(42) << qint64(7);
+    for (const char *invalid : {"", "ten", "-3", "5:"}) {
+        QTest::newRow(*invalid ? invalid : "empty") << invalid << qint64(0) << qint64(0);
+    }
 }
 
 void TstEditorCommands::parseGoToText()
 {
     QFETCH(QString, text);
-    QFETCH(bool, valid);
     QFETCH(qint64, line);
     QFETCH(qint64, column);
 
     qint64 parsedLine = 0;
     qint64 parsedColumn = 0;
-    QCOMPARE(GoToDialog::parse(text, &parsedLine, &parsedColumn), valid);
-    if (valid) {
+    QCOMPARE(GoToDialog::parse(text, &parsedLine, &parsedColumn), line > 0);
+    if (line > 0) {
         QCOMPARE(parsedLine, line);
         QCOMPARE(parsedColumn, column);
     }
 }
 
-void TstEditorCommands::toggleComment_data()
+void TstEditorCommands::toggleCommentIsOneUndoStep_data()
 {
     QTest::addColumn<QString>("language");
     QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("selectFrom"); // -1: no selection, caret at 0
+    QTest::addColumn<int>("selectFrom");
     QTest::addColumn<int>("selectTo");
     QTest::addColumn<QString>("result");
 
-    QTest::newRow("c++ one line") << "C++"
-                                  << "int a;\nint b;" << -1 << -1 << "// int a;\nint b;";
-    QTest::newRow("c++ uncomment") << "C++"
-                                   << "// int a;\nint b;" << -1 << -1 << "int a;\nint b;";
-    QTest::newRow("c++ keeps indentation") << "C++"
-                                           << "    a();\n        b();\n"
-                                           << 0 << 22 << "    // a();\n    //     b();\n";
-    QTest::newRow("c++ mixed lines comment all") << "C++"
-                                                 << "// a\nb\n"
-                                                 << 0 << 6 << "// // a\n// b\n";
-    QTest::newRow("c++ blank lines stay") << "C++"
-                                          << "a\n\nb" << 0 << 4 << "// a\n\n// b";
-    QTest::newRow("selection ending at a line start leaves that line") << "C++"
-                                                                       << "a\nb\n"
-                                                                       << 0 << 2 << "// a\nb\n";
-    QTest::newRow("python") << "Python"
-                            << "x = 1" << -1 << -1 << "# x = 1";
-    QTest::newRow("python uncomment without space") << "Python"
-                                                    << "#x = 1" << -1 << -1 << "x = 1";
-    QTest::newRow("sql") << "SQL"
-                         << "select 1" << -1 << -1 << "-- select 1";
-    QTest::newRow("html block") << "HTML"
-                                << "<p>a</p>\n<p>b</p>" << 0 << 17 << "<!-- <p>a</p>\n<p>b</p> -->";
-    QTest::newRow("html unblock") << "HTML"
-                                  << "<!-- <p>a</p> -->" << -1 << -1 << "<p>a</p>";
-    QTest::newRow("plain text does nothing") << ""
-                                             << "text" << -1 << -1 << "text";
+    commentRow("c++ one line", "C++", "int a;\nint b;", -1, -1, "// int a;\nint b;");
+    commentRow("c++ uncomment", "C++", "// int a;\nint b;", -1, -1, "int a;\nint b;");
+    commentRow("c++ keeps indentation", "C++", "    a();\n        b();\n", 0, 22,
+               "    // a();\n    //     b();\n");
+    commentRow("c++ mixed lines comment all", "C++", "// a\nb\n", 0, 6, "// // a\n// b\n");
+    commentRow("c++ blank lines stay", "C++", "a\n\nb", 0, 4, "// a\n\n// b");
+    commentRow("selection ending at a line start leaves that line", "C++", "a\nb\n", 0, 2,
+               "// a\nb\n");
+    commentRow("python", "Python", "x = 1", -1, -1, "# x = 1");
+    commentRow("python uncomment without space", "Python", "#x = 1", -1, -1, "x = 1");
+    commentRow("sql", "SQL", "select 1", -1, -1, "-- select 1");
+    commentRow("html block", "HTML", "<p>a</p>\n<p>b</p>", 0, 17, "<!-- <p>a</p>\n<p>b</p> -->");
+    commentRow("html unblock", "HTML", "<!-- <p>a</p> -->", -1, -1, "<p>a</p>");
+    commentRow("plain text does nothing", "", "text", -1, -1, "text");
 }
 
-void TstEditorCommands::toggleComment()
+void TstEditorCommands::toggleCommentIsOneUndoStep()
 {
     QFETCH(QString, language);
     QFETCH(QString, text);
@@ -191,45 +181,16 @@ void TstEditorCommands::toggleComment()
         }
     }
     editor.setText(text);
+    editor.SendScintilla(QsciScintillaBase::SCI_EMPTYUNDOBUFFER);
     if (selectFrom >= 0) {
-        editor.SendScintilla(QsciScintillaBase::SCI_SETSEL, static_cast<unsigned long>(selectFrom),
-                             static_cast<long>(selectTo));
+        select(editor, selectFrom, selectTo);
     }
     QCOMPARE(EditorCommands::toggleComment(&editor), !language.isEmpty());
     QCOMPARE(editor.text(), result);
-    editor.setLexer(nullptr);
-}
-
-void TstEditorCommands::toggleCommentIsOneUndoStep()
-{
-    QsciScintilla editor;
-    QsciLexerCPP cpp;
-    editor.setLexer(&cpp);
-    const QString text = QStringLiteral("a\nb\nc\n");
-    editor.setText(text);
-    editor.SendScintilla(QsciScintillaBase::SCI_EMPTYUNDOBUFFER);
-    editor.selectAll();
-    EditorCommands::toggleComment(&editor);
-    QCOMPARE(editor.text(), QStringLiteral("// a\n// b\n// c\n"));
     editor.undo();
     QCOMPARE(editor.text(), text);
     QVERIFY(!editor.isUndoAvailable());
     editor.setLexer(nullptr);
-}
-
-void TstEditorCommands::lexerLanguagesHaveCommentSyntax()
-{
-    // The table is keyed by the names the lexers report; a renamed lexer would
-    // silently lose comment toggling.
-    QsciLexerCPP cpp;
-    QsciLexerPython python;
-    QsciLexerSQL sql;
-    QsciLexerHTML html;
-    for (QsciLexer *lexer : std::initializer_list<QsciLexer *>{&cpp, &python, &sql, &html}) {
-        QVERIFY2(!CommentSyntax::forLanguage(lexer->language()).isEmpty(), lexer->language());
-    }
-    QVERIFY(CommentSyntax::forLanguage("NoSuchLanguage").isEmpty());
-    QVERIFY(CommentSyntax::forLanguage(nullptr).isEmpty());
 }
 
 void TstEditorCommands::duplicateLines_data()
@@ -253,8 +214,7 @@ void TstEditorCommands::duplicateLines()
 
     QsciScintilla editor;
     editor.setText(text);
-    editor.SendScintilla(QsciScintillaBase::SCI_SETSEL, static_cast<unsigned long>(selectFrom),
-                         static_cast<long>(selectTo));
+    select(editor, selectFrom, selectTo);
     EditorCommands::duplicateLines(&editor);
     QCOMPARE(editor.text(), result);
 }
