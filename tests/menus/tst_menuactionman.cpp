@@ -1,23 +1,15 @@
 #include "menuactionman.h"
 
 #include <QAction>
-#include <QSignalSpy>
 #include <QTest>
 
 namespace {
 
 enum Lookup { Shell, Tool, ByName };
 
-QAction *lookUp(const MenuActionMan &registry, int how, const QString &key)
+QStringList split(const char *items)
 {
-    switch (how) {
-    case Shell:
-        return registry.findShellAction(key);
-    case Tool:
-        return registry.findToolAction(key);
-    default:
-        return registry.findActionByName(key);
-    }
+    return QString::fromLatin1(items).split(u'|', Qt::SkipEmptyParts);
 }
 
 // "kind:name" for each item of a list, the way the tables below spell menus.
@@ -63,7 +55,6 @@ private Q_SLOTS:
     void shortcutsAndStatusTips_data();
     void shortcutsAndStatusTips();
     void byNameIndexHoldsTheSixteenToolActions();
-    void objectNamesFollowTheText();
     void disableToolActionsDisablesEveryToolAction();
     void instanceIsOneRegistry();
 };
@@ -74,36 +65,20 @@ void TestMenuActionMan::lookUpByKey_data()
     QTest::addColumn<QString>("key");
     QTest::addColumn<QString>("expected"); // object name; empty: the default action
 
-    QTest::newRow("tool key, lower case") << int(Tool) << "file > save"
-                                          << "Save";
-    QTest::newRow("tool key, upper case") << int(Tool) << "FILE > SAVE AS"
-                                          << "Save As";
-    QTest::newRow("tool key asked as shell") << int(Shell) << "FILE > SAVE"
-                                             << "";
-    QTest::newRow("shell key") << int(Shell) << "File > Save All"
-                               << "Save All";
-    QTest::newRow("shell key asked as tool") << int(Tool) << "FILE > SAVE ALL"
-                                             << "";
-    QTest::newRow("dots kept") << int(Shell) << "edit > find in files..."
-                               << "Find in Files...";
-    QTest::newRow("view key") << int(Shell) << "VIEW > STATUS BAR"
-                              << "Status Bar";
-    QTest::newRow("tools menu keys use Help") << int(Shell) << "help > option"
-                                              << "Option...";
-    QTest::newRow("no TOOLS title") << int(Shell) << "TOOLS > OPTION"
-                                    << "";
-    QTest::newRow("by name, lower case") << int(ByName) << "save"
-                                         << "Save";
-    QTest::newRow("by name, two words") << int(ByName) << "Select All"
-                                        << "Select All";
-    QTest::newRow("shell actions not by name") << int(ByName) << "SAVE ALL"
-                                               << "";
-    QTest::newRow("path key is no name") << int(ByName) << "FILE > SAVE"
-                                         << "";
-    QTest::newRow("blank separator exact") << int(Tool) << "FILE>SAVE"
-                                           << "";
-    QTest::newRow("empty") << int(ByName) << ""
-                           << "";
+    const auto row = [](const char *tag, int how, const char *key, const char *expected) {
+        QTest::newRow(tag) << how << QString::fromLatin1(key) << QString::fromLatin1(expected);
+    };
+    row("tool key, lower case", Tool, "file > save", "Save");
+    row("tool key asked as shell", Shell, "FILE > SAVE", "");
+    row("shell key", Shell, "File > Save All", "Save All");
+    row("shell key asked as tool", Tool, "FILE > SAVE ALL", "");
+    row("dots kept", Shell, "edit > find in files...", "Find in Files...");
+    row("tools menu keys use Help", Shell, "help > option", "Option...");
+    row("no TOOLS title", Shell, "TOOLS > OPTION", "");
+    row("by name, two words", ByName, "select all", "Select All");
+    row("shell actions not by name", ByName, "SAVE ALL", "");
+    row("path key is no name", ByName, "FILE > SAVE", "");
+    row("blank separator exact", Tool, "FILE>SAVE", "");
 }
 
 void TestMenuActionMan::lookUpByKey()
@@ -113,18 +88,21 @@ void TestMenuActionMan::lookUpByKey()
     QFETCH(QString, expected);
 
     MenuActionMan registry;
-    QAction *action = lookUp(registry, how, key);
+    const QByteArray latin1 = key.toLatin1();
+    const char *raw = latin1.constData();
+    QAction *action = how == Shell  ? registry.findShellAction(key)
+                      : how == Tool ? registry.findToolAction(key)
+                                    : registry.findActionByName(key);
     QVERIFY(action);
     if (expected.isEmpty())
         QCOMPARE(action, registry.getDefaultAction());
     else
         QCOMPARE(action->objectName(), expected);
     // The const char* overloads answer the same.
-    const QByteArray latin1 = key.toLatin1();
-    QAction *again = how == Shell  ? registry.findShellAction(latin1.constData())
-                     : how == Tool ? registry.findToolAction(latin1.constData())
-                                   : registry.findActionByName(latin1.constData());
-    QCOMPARE(again, action);
+    QCOMPARE(how == Shell  ? registry.findShellAction(raw)
+             : how == Tool ? registry.findToolAction(raw)
+                           : registry.findActionByName(raw),
+             action);
 }
 
 void TestMenuActionMan::getAction_data()
@@ -133,16 +111,16 @@ void TestMenuActionMan::getAction_data()
     QTest::addColumn<int>("menu");
     QTest::addColumn<QString>("expected"); // object name; empty: the default action
 
-    QTest::newRow("option in tools") << QByteArray("Option") << 3 << "Option...";
-    QTest::newRow("display text is no name") << QByteArray("Option...") << 3 << "";
-    QTest::newRow("help index unsupported") << QByteArray("Option") << 4 << "";
-    QTest::newRow("negative index") << QByteArray("New") << -1 << "";
-    QTest::newRow("shell action") << QByteArray("Save All") << 0 << "Save All";
-    QTest::newRow("tool action") << QByteArray("Print") << 0 << "Print";
-    QTest::newRow("name in lower case") << QByteArray("undo") << 1 << "Undo";
-    QTest::newRow("tool action of another menu by name") << QByteArray("Copy") << 0 << "Copy";
-    QTest::newRow("shell action of another menu") << QByteArray("Exit") << 1 << "";
-    QTest::newRow("checkable view action") << QByteArray("Status Bar") << 2 << "Status Bar";
+    const auto row = [](const char *tag, const char *name, int menu, const char *expected) {
+        QTest::newRow(tag) << QByteArray(name) << menu << QString::fromLatin1(expected);
+    };
+    row("option in tools", "Option", 3, "Option...");
+    row("display text is no name", "Option...", 3, "");
+    row("help index unsupported", "Option", 4, "");
+    row("negative index", "New", -1, "");
+    row("name in lower case", "undo", 1, "Undo");
+    row("tool action of another menu", "Copy", 0, "Copy");
+    row("shell action of another menu", "Exit", 1, "");
 }
 
 void TestMenuActionMan::getAction()
@@ -163,14 +141,11 @@ void TestMenuActionMan::getAction()
 void TestMenuActionMan::getActionLeavesNullEntryForUnknownName()
 {
     MenuActionMan registry;
-    QCOMPARE(registry.findActionByName("Nothing"), registry.getDefaultAction());
     QCOMPARE(registry.getAction("Nothing", 0), registry.getDefaultAction());
-    QCOMPARE(registry.findActionByName("Nothing"), nullptr);
     QCOMPARE(registry.findActionByName("NOTHING"), nullptr);
 
     Receiver receiver;
     QCOMPARE(registry.connectAction(0, "Nothing", &receiver, SLOT(onTriggered())), nullptr);
-    // Other names are not affected.
     QCOMPARE(registry.findActionByName("Anything"), registry.getDefaultAction());
 }
 
@@ -183,16 +158,11 @@ void TestMenuActionMan::connectActionJoinsTriggeredToSlot()
     QCOMPARE(open, registry.findShellAction("FILE > OPEN"));
     open->trigger();
     QCOMPARE(receiver.calls, 1);
-
-    // Tools menu forms its key with "Help".
+    // The Tools menu forms its key with "Help".
     QAction *option = registry.connectAction(3, "Option", &receiver, SLOT(onTriggered()));
     QCOMPARE(option, registry.findShellAction("HELP > OPTION"));
     option->trigger();
     QCOMPARE(receiver.calls, 2);
-
-    // A tool action of another menu is found by its bare name.
-    QAction *copy = registry.connectAction(0, "Copy", &receiver, SLOT(onTriggered()));
-    QCOMPARE(copy, registry.findToolAction("EDIT > COPY"));
 
     QCOMPARE(registry.connectAction(0, "Unknown", &receiver, SLOT(onTriggered())), nullptr);
     QCOMPARE(registry.connectAction(1, "Exit", &receiver, SLOT(onTriggered())), nullptr);
@@ -227,40 +197,28 @@ void TestMenuActionMan::subMenuKeysAreNotUpperCased()
     auto *action = new QAction(QStringLiteral("Run it"), &registry);
     registry.registerAction(name.constData(), action, ShellAction, 0, subMenu);
 
-    QCOMPARE(subMenu->kind(), int(SubMenu));
     QCOMPARE(describe(subMenu->items()),
              QStringList{QString::number(ShellAction) + u':' + storedKey});
     QCOMPARE(registry.menuItems(0).last(), subMenu);
     QCOMPARE(registry.findShellAction(storedKey) == action, found);
-    QCOMPARE(action->objectName(), QStringLiteral("Run it"));
 }
 
 void TestMenuActionMan::registeringTwiceReplacesEntryAndListsItemTwice()
 {
     MenuActionMan registry;
     const qsizetype before = registry.menuItems(1).size();
-    auto *first = new QAction(QStringLiteral("Sort"), &registry);
     auto *second = new QAction(QStringLiteral("Sort Lines"), &registry);
-    registry.registerAction("Sort", first, ToolAction, 1);
+    registry.registerAction("Sort", new QAction(QStringLiteral("Sort"), &registry), ToolAction, 1);
     registry.registerAction("Sort", second, ToolAction, 1);
 
     QCOMPARE(registry.findToolAction("EDIT > SORT"), second);
     QCOMPARE(registry.findActionByName("sort"), second);
-    const QStringList tail = describe(registry.menuItems(1)).mid(before);
-    QCOMPARE(tail, QStringList({"5:EDIT > SORT", "5:EDIT > SORT"}));
-
-    // Kinds other than shell and tool actions file the action nowhere.
-    auto *other = new QAction(QStringLiteral("Odd"), &registry);
-    registry.registerAction("Odd", other, Separator, 1);
-    QCOMPARE(registry.findShellAction("EDIT > ODD"), registry.getDefaultAction());
-    QCOMPARE(registry.findToolAction("EDIT > ODD"), registry.getDefaultAction());
-    QCOMPARE(registry.menuItems(1).last()->name(), QStringLiteral("EDIT > ODD"));
+    QCOMPARE(describe(registry.menuItems(1)).mid(before), split("5:EDIT > SORT|5:EDIT > SORT"));
 }
 
 void TestMenuActionMan::menuIndexOutsideRangeIsIgnored()
 {
     MenuActionMan registry;
-    QVERIFY(registry.menuItems(5).isEmpty());
     QVERIFY(registry.menuItems(-1).isEmpty());
     registry.addSeparator(7);
     registry.addPlaceholder(-2);
@@ -275,32 +233,19 @@ void TestMenuActionMan::catalogueItems_data()
     QTest::addColumn<QStringList>("items");
 
     QTest::newRow("file") << 0
-                          << QStringList{
-                                 "4:FILE > NEW",   "4:FILE > OPEN",       "2:Separator",
-                                 "4:FILE > CLOSE", "4:FILE > CLOSE ALL",  "2:Separator",
-                                 "5:FILE > SAVE",  "5:FILE > SAVE AS",    "4:FILE > SAVE ALL",
-                                 "2:Separator",    "5:FILE > PAGE SETUP", "5:FILE > PRINT PREVIEW",
-                                 "5:FILE > PRINT", "2:Separator",         "1:Recent Files",
-                                 "2:Separator",    "4:FILE > EXIT"};
+                          << split("4:FILE > NEW|4:FILE > OPEN|2:Separator|4:FILE > CLOSE|"
+                                   "4:FILE > CLOSE ALL|2:Separator|5:FILE > SAVE|5:FILE > SAVE AS|"
+                                   "4:FILE > SAVE ALL|2:Separator|5:FILE > PAGE SETUP|"
+                                   "5:FILE > PRINT PREVIEW|5:FILE > PRINT|2:Separator|"
+                                   "1:Recent Files|2:Separator|4:FILE > EXIT");
     QTest::newRow("edit") << 1
-                          << QStringList{"5:EDIT > UNDO",
-                                         "5:EDIT > REDO",
-                                         "2:Separator",
-                                         "5:EDIT > CUT",
-                                         "5:EDIT > COPY",
-                                         "5:EDIT > PASTE",
-                                         "2:Separator",
-                                         "5:EDIT > FIND",
-                                         "5:EDIT > FIND NEXT",
-                                         "5:EDIT > REPLACE",
-                                         "4:EDIT > FIND IN FILES...",
-                                         "5:EDIT > GO TO",
-                                         "2:Separator",
-                                         "5:EDIT > CLEAR",
-                                         "5:EDIT > SELECT ALL",
-                                         "3:Placeholder"};
-    QTest::newRow("view") << 2 << QStringList{"4:VIEW > STATUS BAR", "3:Placeholder"};
-    QTest::newRow("tools") << 3 << QStringList{"4:HELP > OPTION"};
+                          << split("5:EDIT > UNDO|5:EDIT > REDO|2:Separator|5:EDIT > CUT|"
+                                   "5:EDIT > COPY|5:EDIT > PASTE|2:Separator|5:EDIT > FIND|"
+                                   "5:EDIT > FIND NEXT|5:EDIT > REPLACE|4:EDIT > FIND IN FILES...|"
+                                   "5:EDIT > GO TO|2:Separator|5:EDIT > CLEAR|5:EDIT > SELECT ALL|"
+                                   "3:Placeholder");
+    QTest::newRow("view") << 2 << split("4:VIEW > STATUS BAR|3:Placeholder");
+    QTest::newRow("tools") << 3 << split("4:HELP > OPTION");
     QTest::newRow("help") << 4 << QStringList{};
 }
 
@@ -311,12 +256,6 @@ void TestMenuActionMan::catalogueItems()
 
     MenuActionMan registry;
     QCOMPARE(describe(registry.menuItems(menu)), items);
-    for (MenuName *item : registry.menuItems(menu)) {
-        if (item->kind() == DynamicSubMenu) {
-            QVERIFY(dynamic_cast<SubMenuName *>(item));
-            QVERIFY(static_cast<SubMenuName *>(item)->items().isEmpty());
-        }
-    }
 }
 
 void TestMenuActionMan::toolActionsStartDisabledShellActionsEnabled()
@@ -326,22 +265,20 @@ void TestMenuActionMan::toolActionsStartDisabledShellActionsEnabled()
     int shells = 0;
     for (int menu = 0; menu < MenuActionMan::MenuCount; ++menu) {
         for (MenuName *item : registry.menuItems(menu)) {
-            if (item->kind() == ToolAction) {
-                QAction *action = registry.findToolAction(item->name());
-                QVERIFY2(!action->isEnabled(), qPrintable(item->name()));
-                QVERIFY(action != registry.getDefaultAction());
-                ++tools;
-            } else if (item->kind() == ShellAction) {
-                QAction *action = registry.findShellAction(item->name());
-                QVERIFY2(action->isEnabled(), qPrintable(item->name()));
-                QVERIFY(action != registry.getDefaultAction());
-                ++shells;
-            }
+            const bool tool = item->kind() == ToolAction;
+            if (!tool && item->kind() != ShellAction)
+                continue;
+            QAction *action = tool ? registry.findToolAction(item->name())
+                                   : registry.findShellAction(item->name());
+            QVERIFY(action != registry.getDefaultAction());
+            QVERIFY2(action->isEnabled() != tool, qPrintable(item->name()));
+            ++(tool ? tools : shells);
         }
     }
     QCOMPARE(tools, 16);
     QCOMPARE(shells, 9);
     QVERIFY(registry.findShellAction("VIEW > STATUS BAR")->isCheckable());
+    QCOMPARE(registry.findShellAction("HELP > OPTION")->objectName(), QStringLiteral("Option..."));
 }
 
 void TestMenuActionMan::shortcutsAndStatusTips_data()
@@ -356,7 +293,7 @@ void TestMenuActionMan::shortcutsAndStatusTips_data()
     QTest::newRow("copy") << "EDIT > COPY" << QKeySequence(Qt::CTRL | Qt::Key_C) << "";
     QTest::newRow("paste") << "EDIT > PASTE" << QKeySequence(Qt::CTRL | Qt::Key_V)
                            << "Pastes the text stored in the clipboard";
-    QTest::newRow("find in files, untranslated text")
+    QTest::newRow("find in files")
         << "EDIT > FIND IN FILES..." << QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F) << "";
     QTest::newRow("print") << "FILE > PRINT" << QKeySequence() << "Print document that has focus";
     QTest::newRow("exit") << "FILE > EXIT" << QKeySequence() << "Exit";
@@ -381,32 +318,15 @@ void TestMenuActionMan::shortcutsAndStatusTips()
 void TestMenuActionMan::byNameIndexHoldsTheSixteenToolActions()
 {
     MenuActionMan registry;
-    const QStringList names{"SAVE",    "SAVE AS", "PAGE SETUP", "PRINT PREVIEW",
-                            "PRINT",   "UNDO",    "REDO",       "CUT",
-                            "COPY",    "PASTE",   "FIND",       "FIND NEXT",
-                            "REPLACE", "GO TO",   "CLEAR",      "SELECT ALL"};
     QSet<QAction *> seen;
-    for (const QString &name : names) {
+    for (const QString &name : split("SAVE|SAVE AS|PAGE SETUP|PRINT PREVIEW|PRINT|UNDO|REDO|CUT|"
+                                     "COPY|PASTE|FIND|FIND NEXT|REPLACE|GO TO|CLEAR|SELECT ALL")) {
         QAction *action = registry.findActionByName(name);
         QVERIFY2(action != registry.getDefaultAction(), qPrintable(name));
         QCOMPARE(action->text().toUpper(), name);
         seen.insert(action);
     }
     QCOMPARE(seen.size(), 16);
-}
-
-void TestMenuActionMan::objectNamesFollowTheText()
-{
-    MenuActionMan registry;
-    QCOMPARE(registry.findShellAction("HELP > OPTION")->objectName(), QStringLiteral("Option..."));
-    QCOMPARE(registry.findShellAction("HELP > OPTION")->text(), QStringLiteral("Option..."));
-    QCOMPARE(registry.findShellAction("EDIT > FIND IN FILES...")->text(),
-             QStringLiteral("Find in Files..."));
-    QCOMPARE(registry.findToolAction("FILE > PAGE SETUP")->objectName(),
-             QStringLiteral("Page Setup"));
-    QCOMPARE(registry.getDefaultAction()->text(), QStringLiteral("Default Action"));
-    QCOMPARE(registry.getDefaultAction()->parent(), &registry);
-    QCOMPARE(registry.findToolAction("FILE > PRINT")->parent(), &registry);
 }
 
 void TestMenuActionMan::disableToolActionsDisablesEveryToolAction()
@@ -417,8 +337,7 @@ void TestMenuActionMan::disableToolActionsDisablesEveryToolAction()
     save->setEnabled(true);
     paste->setEnabled(true);
     registry.disableToolActions();
-    QVERIFY(!save->isEnabled());
-    QVERIFY(!paste->isEnabled());
+    QVERIFY(!save->isEnabled() && !paste->isEnabled());
     QVERIFY(registry.findShellAction("FILE > NEW")->isEnabled());
 }
 
@@ -428,8 +347,6 @@ void TestMenuActionMan::instanceIsOneRegistry()
     QObject other;
     QCOMPARE(MenuActionMan::instance(&other), first);
     QCOMPARE(first->parent(), nullptr);
-    QCOMPARE(first->metaObject()->className(), "MenuActionMan");
-    QVERIFY(qobject_cast<MenuActionMan *>(static_cast<QObject *>(first)));
 }
 
 QTEST_MAIN(TestMenuActionMan)
