@@ -44,7 +44,6 @@ struct Fixture
         QVERIFY(index.isValid());
         tree->setCurrentIndex(index);
     }
-    void click(QAbstractButton *button) { QTest::mouseClick(button, Qt::LeftButton); }
     QPushButton *defaultButton() const
     {
         for (QAbstractButton *button : buttons->buttons()) {
@@ -75,26 +74,16 @@ private slots:
     void startsOnTheEmptyPage();
     void selectionShowsPage_data();
     void selectionShowsPage();
-    void toolNodeThenFirstPageShowSamePage();
-    void okAppliesEveryPageAndCloses();
-    void applyOnlyPageOnShowAndStaysOpen();
-    void cancelAppliesNothing();
-    void defaultRestoresOnlyPageOnShow();
-    void emptyPageIgnoresApplyAndDefault();
+    void buttonActsOnPages_data();
+    void buttonActsOnPages();
     void drivesPagesOfLoadedPlugin();
 };
 
 void TestOptDlg::startsOnTheEmptyPage()
 {
     Fixture f;
-    QVERIFY(f.tree && f.stack && f.buttons && f.defaultButton());
     QVERIFY(f.showsEmptyPage());
     QCOMPARE(f.stack->count(), 4); // the empty page, Font, Files, General
-    QVERIFY(f.tree->isHeaderHidden());
-    QVERIFY(f.tree->isExpanded(f.tree->model()->index(0, 0)));
-    QVERIFY(f.buttons->button(QDialogButtonBox::Ok) &&
-            f.buttons->button(QDialogButtonBox::Cancel) &&
-            f.buttons->button(QDialogButtonBox::Apply));
     f.dialog->refreshCurrentPage();
     QVERIFY(f.journal.isEmpty());
 }
@@ -139,73 +128,49 @@ void TestOptDlg::selectionShowsPage()
     QCOMPARE(f.journal.size(), page.isEmpty() ? 0 : 2);
 }
 
-void TestOptDlg::toolNodeThenFirstPageShowSamePage()
+void TestOptDlg::buttonActsOnPages_data()
 {
-    Fixture f;
-    f.select(0);
-    QWidget *first = f.shown();
-    f.select(0, 0);
-    QCOMPARE(f.shown(), first);
-    QCOMPARE(f.editor.page("Font")->refreshed, 2);
+    QTest::addColumn<int>("toolRow");
+    QTest::addColumn<int>("pageRow");
+    QTest::addColumn<int>("button"); // a QDialogButtonBox::StandardButton, 0 for "&Default"
+    QTest::addColumn<QStringList>("journal");
+    QTest::addColumn<bool>("staysOpen");
+
+    const int ok = QDialogButtonBox::Ok, apply = QDialogButtonBox::Apply;
+    const int cancel = QDialogButtonBox::Cancel, restore = 0;
+    QTest::newRow("OK applies every page in tree order, also unseen ones, and closes")
+        << 0 << 1 << ok
+        << QStringList{"apply Editor/Font", "apply Editor/Files", "apply Other/General"} << false;
+    QTest::newRow("Apply applies only the page on show")
+        << 3 << 0 << apply << QStringList{"apply Other/General"} << true;
+    QTest::newRow("Default restores only the page on show")
+        << 0 << 1 << restore << QStringList{"default Editor/Files"} << true;
+    QTest::newRow("Cancel applies nothing") << 0 << 0 << cancel << QStringList{} << false;
+    QTest::newRow("Apply on the empty page") << 2 << -1 << apply << QStringList{} << true;
+    QTest::newRow("Default on the empty page") << 2 << -1 << restore << QStringList{} << true;
 }
 
-void TestOptDlg::okAppliesEveryPageAndCloses()
+void TestOptDlg::buttonActsOnPages()
 {
+    QFETCH(int, toolRow);
+    QFETCH(int, pageRow);
+    QFETCH(int, button);
+    QFETCH(QStringList, journal);
+    QFETCH(bool, staysOpen);
     Fixture f;
-    f.select(0, 1);
+    f.select(toolRow, pageRow);
     f.journal.clear();
-    QTest::ignoreMessage(QtDebugMsg, "go to apply all");
-    f.click(f.buttons->button(QDialogButtonBox::Ok));
-    QCOMPARE(f.journal,
-             (QStringList{"apply Editor/Font", "apply Editor/Files", "apply Other/General"}));
-    QVERIFY(!f.dialog->isVisible());
-    QCOMPARE(f.dialog->result(), int(QDialog::Accepted));
-}
-
-void TestOptDlg::applyOnlyPageOnShowAndStaysOpen()
-{
-    Fixture f;
-    f.select(3, 0);
-    f.journal.clear();
-    f.click(f.buttons->button(QDialogButtonBox::Apply));
-    QCOMPARE(f.journal, QStringList{"apply Other/General"});
-    QVERIFY(f.dialog->isVisible());
-}
-
-void TestOptDlg::cancelAppliesNothing()
-{
-    Fixture f;
-    f.select(0, 0);
-    f.click(f.buttons->button(QDialogButtonBox::Apply));
-    f.journal.clear();
-    f.click(f.buttons->button(QDialogButtonBox::Cancel));
-    QVERIFY(f.journal.isEmpty());
-    QCOMPARE(f.editor.page("Font")->applied, 1);
-    QVERIFY(!f.dialog->isVisible());
-    QCOMPARE(f.dialog->result(), int(QDialog::Rejected));
-}
-
-void TestOptDlg::defaultRestoresOnlyPageOnShow()
-{
-    Fixture f;
-    f.select(0, 1);
-    f.journal.clear();
-    f.click(f.defaultButton());
-    QCOMPARE(f.journal, QStringList{"default Editor/Files"});
-    QVERIFY(f.dialog->isVisible());
-}
-
-void TestOptDlg::emptyPageIgnoresApplyAndDefault()
-{
-    Fixture f;
-    f.select(2);
-    QVERIFY(f.showsEmptyPage());
-    f.click(f.buttons->button(QDialogButtonBox::Apply));
-    f.click(f.defaultButton());
-    f.dialog->refreshCurrentPage();
-    f.dialog->applyCurrentPage();
-    QVERIFY(f.journal.isEmpty());
-    QVERIFY(f.dialog->isVisible());
+    if (button == QDialogButtonBox::Ok)
+        QTest::ignoreMessage(QtDebugMsg, "go to apply all");
+    QAbstractButton *target =
+        button ? f.buttons->button(QDialogButtonBox::StandardButton(button)) : f.defaultButton();
+    QVERIFY(target);
+    QTest::mouseClick(target, Qt::LeftButton);
+    QCOMPARE(f.journal, journal);
+    QCOMPARE(f.dialog->isVisible(), staysOpen);
+    if (!staysOpen)
+        QCOMPARE(f.dialog->result(),
+                 int(button == QDialogButtonBox::Ok ? QDialog::Accepted : QDialog::Rejected));
 }
 
 void TestOptDlg::drivesPagesOfLoadedPlugin()
