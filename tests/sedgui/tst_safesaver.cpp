@@ -17,6 +17,11 @@ namespace {
 const QByteArray OldText = "the old text, which must survive\n";
 const QByteArray NewText = "the new text\nwith two lines\n";
 
+QByteArray native(const QString &path)
+{
+    return QFile::encodeName(path);
+}
+
 void writeFile(const QString &path, const QByteArray &bytes)
 {
     QFile file(path);
@@ -33,12 +38,11 @@ QByteArray readFile(const QString &path)
 struct stat statOf(const QString &path)
 {
     struct stat st = {};
-    ::lstat(QFile::encodeName(path).constData(), &st);
+    ::lstat(native(path).constData(), &st);
     return st;
 }
 
-// Everything in the folder, hidden files included: a leftover temporary or
-// backup file shows up here.
+// Hidden files included: a leftover temporary or backup file shows up here.
 QStringList entries(const QString &dir)
 {
     return QDir(dir).entryList(
@@ -52,11 +56,8 @@ class TstSafeSaver : public QObject
     Q_OBJECT
 
 private slots:
-    void replacesContentAndKeepsMode();
-    void keepsExtendedAttributes();
-    void createsNewFile();
-    void writesThroughSymlink();
-    void keepsHardLink();
+    void savesAndKeepsTheFileAsItWas_data();
+    void savesAndKeepsTheFileAsItWas();
     void refusesDirectory();
     void fileSizeLimitKeepsOldBytes_data();
     void fileSizeLimitKeepsOldBytes();
@@ -64,84 +65,59 @@ private slots:
     void unprivilegedUser();
 };
 
-void TstSafeSaver::replacesContentAndKeepsMode()
+void TstSafeSaver::savesAndKeepsTheFileAsItWas_data()
 {
-    QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("script.sh"));
-    writeFile(path, OldText);
-    QCOMPARE(::chmod(QFile::encodeName(path).constData(), 0750), 0);
-
-    QString error;
-    QVERIFY2(SafeSaver::save(path, NewText, &error), qPrintable(error));
-    QCOMPARE(readFile(path), NewText);
-    QCOMPARE(statOf(path).st_mode & 07777, mode_t(0750));
-    QCOMPARE(entries(dir.path()), QStringList{QStringLiteral("script.sh")});
+    QTest::addColumn<QString>("kind");
+    for (const char *kind : {"mode", "new file", "relative symlink", "hard link", "xattr"})
+        QTest::newRow(kind) << QString::fromLatin1(kind);
 }
 
-void TstSafeSaver::keepsExtendedAttributes()
+void TstSafeSaver::savesAndKeepsTheFileAsItWas()
 {
-    QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("tagged.txt"));
-    writeFile(path, OldText);
-    const QByteArray native = QFile::encodeName(path);
-    const QByteArray tag = "reviewed";
-    if (::setxattr(native.constData(), "user.sedgui.test", tag.constData(), size_t(tag.size()), 0))
-        QSKIP("the temporary folder's file system keeps no user attributes");
+    QFETCH(QString, kind);
 
-    QString error;
-    QVERIFY2(SafeSaver::save(path, NewText, &error), qPrintable(error));
-    QCOMPARE(readFile(path), NewText);
-    QByteArray value(64, '\0');
-    const ssize_t length = ::getxattr(native.constData(), "user.sedgui.test", value.data(), 64);
-    QCOMPARE(value.left(qMax<ssize_t>(length, 0)), tag);
-    QCOMPARE(entries(dir.path()), QStringList{QStringLiteral("tagged.txt")});
-}
-
-void TstSafeSaver::createsNewFile()
-{
-    QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("new.txt"));
-    QString error;
-    QVERIFY2(SafeSaver::save(path, NewText, &error), qPrintable(error));
-    QCOMPARE(readFile(path), NewText);
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    QCOMPARE(statOf(path).st_mode & 0777, mode_t(0666 & ~mask));
-    QCOMPARE(entries(dir.path()), QStringList{QStringLiteral("new.txt")});
-}
-
-void TstSafeSaver::writesThroughSymlink()
-{
     QTemporaryDir dir;
     QVERIFY(QDir(dir.path()).mkdir(QStringLiteral("real")));
-    const QString target = dir.filePath(QStringLiteral("real/file.txt"));
-    const QString link = dir.filePath(QStringLiteral("link.txt"));
-    writeFile(target, OldText);
-    // A relative link, resolved against the link's folder, not the current one.
-    QCOMPARE(::symlink("real/file.txt", QFile::encodeName(link).constData()), 0);
-
-    QString error;
-    QVERIFY2(SafeSaver::save(link, NewText, &error), qPrintable(error));
-    QVERIFY(S_ISLNK(statOf(link).st_mode));
-    QCOMPARE(readFile(target), NewText);
-    QCOMPARE(entries(dir.filePath(QStringLiteral("real"))),
-             QStringList{QStringLiteral("file.txt")});
-}
-
-void TstSafeSaver::keepsHardLink()
-{
-    QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("a.txt"));
-    const QString other = dir.filePath(QStringLiteral("b.txt"));
-    writeFile(path, OldText);
-    QCOMPARE(::link(QFile::encodeName(path).constData(), QFile::encodeName(other).constData()), 0);
-    const ino_t inode = statOf(path).st_ino;
+    const QString realDir = dir.filePath(QStringLiteral("real"));
+    const QString target = realDir + QStringLiteral("/file.txt");
+    const QString other = dir.filePath(QStringLiteral("other.txt"));
+    QString path = target;
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    mode_t mode = 0666 & ~mask;
+    if (kind != QLatin1String("new file")) {
+        writeFile(target, OldText);
+        mode = 0750;
+        QCOMPARE(::chmod(native(target).constData(), mode), 0);
+    }
+    const ino_t inode = statOf(target).st_ino;
+    if (kind == QLatin1String("relative symlink")) {
+        // Resolved against the link's folder, not the current one.
+        path = dir.filePath(QStringLiteral("link.txt"));
+        QCOMPARE(::symlink("real/file.txt", native(path).constData()), 0);
+    } else if (kind == QLatin1String("hard link")) {
+        QCOMPARE(::link(native(target).constData(), native(other).constData()), 0);
+    } else if (kind == QLatin1String("xattr") &&
+               ::setxattr(native(target).constData(), "user.sedgui.test", "reviewed", 8, 0)) {
+        QSKIP("the temporary folder's file system keeps no user attributes");
+    }
 
     QString error;
     QVERIFY2(SafeSaver::save(path, NewText, &error), qPrintable(error));
-    QCOMPARE(readFile(other), NewText);
-    QCOMPARE(statOf(path).st_ino, inode);
-    QCOMPARE(entries(dir.path()), (QStringList{QStringLiteral("a.txt"), QStringLiteral("b.txt")}));
+    QCOMPARE(readFile(target), NewText);
+    QCOMPARE(statOf(target).st_mode & 07777, mode);
+    QCOMPARE(entries(realDir), QStringList{QStringLiteral("file.txt")});
+    if (kind == QLatin1String("relative symlink")) {
+        QVERIFY(S_ISLNK(statOf(path).st_mode));
+    } else if (kind == QLatin1String("hard link")) {
+        QCOMPARE(readFile(other), NewText);
+        QCOMPARE(statOf(target).st_ino, inode);
+    } else if (kind == QLatin1String("xattr")) {
+        QByteArray value(64, '\0');
+        const ssize_t length =
+            ::getxattr(native(target).constData(), "user.sedgui.test", value.data(), 64);
+        QCOMPARE(value.left(qMax<ssize_t>(length, 0)), QByteArray("reviewed"));
+    }
 }
 
 void TstSafeSaver::refusesDirectory()
@@ -170,16 +146,14 @@ void TstSafeSaver::fileSizeLimitKeepsOldBytes()
     QStringList expectedEntries{QStringLiteral("big.txt")};
     if (hardLinked) {
         const QString other = dir.filePath(QStringLiteral("alias.txt"));
-        QCOMPARE(::link(QFile::encodeName(path).constData(), QFile::encodeName(other).constData()),
-                 0);
+        QCOMPARE(::link(native(path).constData(), native(other).constData()), 0);
         expectedEntries.prepend(QStringLiteral("alias.txt"));
     }
 
     // The limit lets the old text be written back, not the new one.
-    const QByteArray bigText(64 * 1024, 'n');
     const auto result = FileOpsRunner::run(
-        {QStringLiteral("--fsize-limit"), QString::number(4096), QStringLiteral("save"), path},
-        bigText, false);
+        {QStringLiteral("--fsize-limit"), QStringLiteral("4096"), QStringLiteral("save"), path},
+        QByteArray(64 * 1024, 'n'), false);
     QCOMPARE(result.exitCode, 1);
     QCOMPARE(result.error, QStringLiteral("Cannot save %1: File too large").arg(path));
     QCOMPARE(readFile(path), OldText);
@@ -224,24 +198,20 @@ void TstSafeSaver::unprivilegedUser()
         QSKIP(qPrintable(why));
 
     QTemporaryDir base;
-    QCOMPARE(::chmod(QFile::encodeName(base.path()).constData(), 0755), 0);
+    QCOMPARE(::chmod(native(base.path()).constData(), 0755), 0);
     const QString dirPath = base.filePath(QStringLiteral("folder"));
     QVERIFY(QDir().mkdir(dirPath));
     const QString path = dirPath + QStringLiteral("/file.txt");
     writeFile(path, OldText);
-    const QByteArray nativeDir = QFile::encodeName(dirPath);
-    const QByteArray nativePath = QFile::encodeName(path);
     const uid_t nobody = FileOpsRunner::NobodyId;
-    if (root) {
-        QCOMPARE(::chown(nativeDir.constData(), dirOwnedByUser ? nobody : 0,
-                         dirOwnedByUser ? nobody : 0),
-                 0);
-        QCOMPARE(::chown(nativePath.constData(), fileOwnedByUser ? nobody : 0,
-                         fileOwnedByUser ? nobody : 0),
-                 0);
+    for (const auto &[target, ownedByUser, mode] : {std::tuple{dirPath, dirOwnedByUser, dirMode},
+                                                    std::tuple{path, fileOwnedByUser, fileMode}}) {
+        if (root)
+            QCOMPARE(::chown(native(target).constData(), ownedByUser ? nobody : 0,
+                             ownedByUser ? nobody : 0),
+                     0);
+        QCOMPARE(::chmod(native(target).constData(), mode), 0);
     }
-    QCOMPARE(::chmod(nativeDir.constData(), dirMode), 0);
-    QCOMPARE(::chmod(nativePath.constData(), fileMode), 0);
     const struct stat before = statOf(path);
 
     const auto result = FileOpsRunner::run({QStringLiteral("save"), path}, NewText, true);
