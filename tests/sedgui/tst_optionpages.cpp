@@ -20,63 +20,71 @@ class TstOptionPages : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void pagesAreEditorAndFiles();
-    void applyChangesEveryOpenTool();
+    void init() { BaseUsrSettings("SRC_EDITOR").clear(); }
+    void applyChangesEveryOpenToolAndPersists();
     void cancelAfterEditingChangesNothing();
     void defaultsRestoreControlsOnly();
-    void valuesLoadOnTheNextStart();
     void pageNeverShownAppliesNothing();
-    void filesPageStoresItsValues();
-    void trimOnSaveFollowsTheOption();
-
-private:
-    template<typename T> static T *control(OptWidget *page, const char *name)
-    {
-        T *widget = page->findChild<T *>(QLatin1String(name));
-        if (!widget) {
-            qFatal("no control %s", name);
-        }
-        return widget;
-    }
+    void filesPageStoresItsValuesAndTrimsOnSave();
 };
 
-void TstOptionPages::init()
+namespace {
+
+std::unique_ptr<OptWidget> shownPage(const char *name)
 {
-    BaseUsrSettings("SRC_EDITOR").clear();
+    std::unique_ptr<OptWidget> page(OptionPages::create(QLatin1String(name)));
+    page->refreshPage();
+    return page;
 }
 
-void TstOptionPages::pagesAreEditorAndFiles()
+template<typename T> T *control(const std::unique_ptr<OptWidget> &page, const char *name)
 {
-    QCOMPARE(OptionPages::names(), (QStringList{"Editor", "Files"}));
-    for (const QString &name : OptionPages::names()) {
-        std::unique_ptr<OptWidget> page(OptionPages::create(name));
-        QVERIFY(page);
+    T *widget = page->findChild<T *>(QLatin1String(name));
+    if (!widget) {
+        qFatal("no control %s", name);
     }
-    QVERIFY(!OptionPages::create(QStringLiteral("Nope")));
+    return widget;
 }
 
-void TstOptionPages::applyChangesEveryOpenTool()
+QSpinBox *spin(const std::unique_ptr<OptWidget> &page, const char *name)
+{
+    return control<QSpinBox>(page, name);
+}
+
+QCheckBox *check(const std::unique_ptr<OptWidget> &page, const char *name)
+{
+    return control<QCheckBox>(page, name);
+}
+
+} // namespace
+
+void TstOptionPages::applyChangesEveryOpenToolAndPersists()
 {
     SedGUI first;
     SedGUI second;
-    std::unique_ptr<OptWidget> page(OptionPages::create(QStringLiteral("Editor")));
-    page->refreshPage();
-    control<QSpinBox>(page.get(), "tabWidth")->setValue(7);
-    control<QCheckBox>(page.get(), "wordWrap")->setChecked(true);
-    control<QCheckBox>(page.get(), "lineNumbers")->setChecked(false);
-    control<QCheckBox>(page.get(), "indentWithSpaces")->setChecked(false);
-    control<QSpinBox>(page.get(), "fontSize")->setValue(19);
-    page->applyPage();
-
-    for (SedGUI *tool : {&first, &second}) {
+    {
+        auto page = shownPage("Editor");
+        spin(page, "tabWidth")->setValue(7);
+        check(page, "wordWrap")->setChecked(true);
+        check(page, "lineNumbers")->setChecked(false);
+        check(page, "indentWithSpaces")->setChecked(false);
+        check(page, "highlightCurrentLine")->setChecked(false);
+        spin(page, "fontSize")->setValue(19);
+        page->applyPage();
+    }
+    // A new page and a new tool (the next start) read only what is in the store.
+    SedGUI next;
+    for (SedGUI *tool : {&first, &second, &next}) {
         QCOMPARE(tool->editor()->tabWidth(), 7);
         QCOMPARE(tool->editor()->wrapMode(), QsciScintilla::WrapWord);
         QCOMPARE(tool->editor()->marginWidth(0), 0);
         QVERIFY(tool->editor()->indentationsUseTabs());
+        QVERIFY(!tool->editor()->SendScintilla(QsciScintillaBase::SCI_GETCARETLINEVISIBLE));
         QCOMPARE(tool->editor()->font().pointSize(), 19);
     }
-    QCOMPARE(EditorSettings::load().tabWidth, 7);
+    auto page = shownPage("Editor");
+    QCOMPARE(spin(page, "tabWidth")->value(), 7);
+    QVERIFY(!check(page, "highlightCurrentLine")->isChecked());
 }
 
 void TstOptionPages::cancelAfterEditingChangesNothing()
@@ -85,15 +93,14 @@ void TstOptionPages::cancelAfterEditingChangesNothing()
     const int tabWidth = tool.editor()->tabWidth();
     const int margin = tool.editor()->marginWidth(0);
     QVERIFY(margin > 0);
-    std::unique_ptr<OptWidget> page(OptionPages::create(QStringLiteral("Editor")));
-    page->refreshPage();
-    control<QSpinBox>(page.get(), "tabWidth")->setValue(tabWidth + 3);
-    control<QCheckBox>(page.get(), "lineNumbers")->setChecked(false);
+    auto page = shownPage("Editor");
+    spin(page, "tabWidth")->setValue(tabWidth + 3);
+    check(page, "lineNumbers")->setChecked(false);
     // Cancel applies nothing; the next opening shows what is stored.
     page->refreshPage();
 
-    QCOMPARE(control<QSpinBox>(page.get(), "tabWidth")->value(), tabWidth);
-    QVERIFY(control<QCheckBox>(page.get(), "lineNumbers")->isChecked());
+    QCOMPARE(spin(page, "tabWidth")->value(), tabWidth);
+    QVERIFY(check(page, "lineNumbers")->isChecked());
     QCOMPARE(tool.editor()->tabWidth(), tabWidth);
     QCOMPARE(tool.editor()->marginWidth(0), margin);
     QCOMPARE(EditorSettings::load().tabWidth, tabWidth);
@@ -106,38 +113,15 @@ void TstOptionPages::defaultsRestoreControlsOnly()
     stored.showWhitespace = true;
     QVERIFY(EditorSettings::store(stored));
     SedGUI tool;
-    QCOMPARE(tool.editor()->tabWidth(), 2);
-
-    std::unique_ptr<OptWidget> page(OptionPages::create(QStringLiteral("Editor")));
-    page->refreshPage();
-    QCOMPARE(control<QSpinBox>(page.get(), "tabWidth")->value(), 2);
+    auto page = shownPage("Editor");
+    QCOMPARE(spin(page, "tabWidth")->value(), 2);
     page->restoreDefaults();
 
-    QCOMPARE(control<QSpinBox>(page.get(), "tabWidth")->value(),
-             EditorSettings::defaults().tabWidth);
-    QVERIFY(!control<QCheckBox>(page.get(), "showWhitespace")->isChecked());
+    QCOMPARE(spin(page, "tabWidth")->value(), EditorSettings::defaults().tabWidth);
+    QVERIFY(!check(page, "showWhitespace")->isChecked());
     QCOMPARE(EditorSettings::load().tabWidth, 2);
     QCOMPARE(tool.editor()->tabWidth(), 2);
     QCOMPARE(tool.editor()->whitespaceVisibility(), QsciScintilla::WsVisible);
-}
-
-void TstOptionPages::valuesLoadOnTheNextStart()
-{
-    {
-        std::unique_ptr<OptWidget> page(OptionPages::create(QStringLiteral("Editor")));
-        page->refreshPage();
-        control<QSpinBox>(page.get(), "tabWidth")->setValue(5);
-        control<QCheckBox>(page.get(), "highlightCurrentLine")->setChecked(false);
-        page->applyPage();
-    }
-    // A new page and a new tool read only what is in the store.
-    std::unique_ptr<OptWidget> page(OptionPages::create(QStringLiteral("Editor")));
-    page->refreshPage();
-    QCOMPARE(control<QSpinBox>(page.get(), "tabWidth")->value(), 5);
-    QVERIFY(!control<QCheckBox>(page.get(), "highlightCurrentLine")->isChecked());
-    SedGUI tool;
-    QCOMPARE(tool.editor()->tabWidth(), 5);
-    QVERIFY(!tool.editor()->SendScintilla(QsciScintillaBase::SCI_GETCARETLINEVISIBLE));
 }
 
 // OK applies every page, also those the user never opened: such a page must
@@ -148,6 +132,7 @@ void TstOptionPages::pageNeverShownAppliesNothing()
     stored.tabWidth = 7;
     stored.trimTrailingWhitespace = true;
     QVERIFY(EditorSettings::store(stored));
+    QCOMPARE(OptionPages::names(), (QStringList{"Editor", "Files"}));
     for (const QString &name : OptionPages::names()) {
         std::unique_ptr<OptWidget> page(OptionPages::create(name));
         page->applyPage();
@@ -156,21 +141,26 @@ void TstOptionPages::pageNeverShownAppliesNothing()
     QVERIFY(EditorSettings::load().trimTrailingWhitespace);
 }
 
-void TstOptionPages::filesPageStoresItsValues()
+void TstOptionPages::filesPageStoresItsValuesAndTrimsOnSave()
 {
-    std::unique_ptr<OptWidget> page(OptionPages::create(QStringLiteral("Files")));
-    page->refreshPage();
-    auto *encoding = control<QComboBox>(page.get(), "defaultEncoding");
-    auto *lineEnding = control<QComboBox>(page.get(), "defaultLineEnding");
-    QCOMPARE(encoding->currentData().toByteArray(), QByteArray("UTF-8"));
-    QVERIFY(!control<QCheckBox>(page.get(), "trimTrailingWhitespace")->isChecked());
+    SedGUI tool;
+    tool.editor()->setText(QStringLiteral("a  \nb\t\n"));
+    tool.prepareForSave();
+    QCOMPARE(tool.editor()->text(), QStringLiteral("a  \nb\t\n"));
 
-    const int latin1 = encoding->findData(QByteArray("ISO-8859-1"));
-    QVERIFY(latin1 >= 0);
-    encoding->setCurrentIndex(latin1);
+    auto page = shownPage("Files");
+    auto *encoding = control<QComboBox>(page, "defaultEncoding");
+    auto *lineEnding = control<QComboBox>(page, "defaultLineEnding");
+    QCOMPARE(encoding->currentData().toByteArray(), QByteArray("UTF-8"));
+    QVERIFY(!check(page, "trimTrailingWhitespace")->isChecked());
+
+    encoding->setCurrentIndex(encoding->findData(QByteArray("ISO-8859-1")));
     lineEnding->setCurrentIndex(lineEnding->findData(int(LineEnding::CR)));
-    control<QCheckBox>(page.get(), "reloadUnmodifiedSilently")->setChecked(true);
+    check(page, "reloadUnmodifiedSilently")->setChecked(true);
+    check(page, "trimTrailingWhitespace")->setChecked(true);
     page->applyPage();
+    tool.prepareForSave();
+    QCOMPARE(tool.editor()->text(), QStringLiteral("a\nb\n"));
 
     const EditorSettings::Values values = EditorSettings::load();
     QCOMPARE(values.defaultEncoding, QByteArray("ISO-8859-1"));
@@ -178,21 +168,6 @@ void TstOptionPages::filesPageStoresItsValues()
     QVERIFY(values.reloadUnmodifiedSilently);
     // Applying one page leaves the other page's values alone.
     QCOMPARE(values.tabWidth, EditorSettings::defaults().tabWidth);
-}
-
-void TstOptionPages::trimOnSaveFollowsTheOption()
-{
-    SedGUI tool;
-    tool.editor()->setText(QStringLiteral("a  \nb\t\n"));
-    tool.prepareForSave();
-    QCOMPARE(tool.editor()->text(), QStringLiteral("a  \nb\t\n"));
-
-    std::unique_ptr<OptWidget> page(OptionPages::create(QStringLiteral("Files")));
-    page->refreshPage();
-    control<QCheckBox>(page.get(), "trimTrailingWhitespace")->setChecked(true);
-    page->applyPage();
-    tool.prepareForSave();
-    QCOMPARE(tool.editor()->text(), QStringLiteral("a\nb\n"));
 }
 
 QTEST_MAIN(TstOptionPages)
