@@ -10,77 +10,62 @@ class TstEditorSettings : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void missingStoreGivesDefaults();
+    void init() { BaseUsrSettings("SRC_EDITOR").clear(); }
     void storedValuesLoadAgain();
-    void malformedValueReadsAsDefault_data();
-    void malformedValueReadsAsDefault();
+    void missingOrMalformedValueReadsAsDefault_data();
+    void missingOrMalformedValueReadsAsDefault();
 };
 
 namespace {
 
-EditorSettings::Values nonDefaults()
+QVariantList fields(const EditorSettings::Values &v)
 {
-    EditorSettings::Values values = EditorSettings::defaults();
-    values.font.setFamily(QStringLiteral("DejaVu Sans"));
-    values.font.setPointSize(17);
-    values.tabWidth = 8;
-    values.indentWithSpaces = false;
-    values.autoIndent = false;
-    values.lineNumbers = false;
-    values.wordWrap = true;
-    values.showWhitespace = true;
-    values.highlightCurrentLine = false;
-    values.braceMatching = false;
-    values.defaultEncoding = "WINDOWS-1252";
-    values.defaultLineEnding = LineEnding::CRLF;
-    values.reloadUnmodifiedSilently = true;
-    values.trimTrailingWhitespace = true;
-    return values;
-}
-
-void compareValues(const EditorSettings::Values &actual, const EditorSettings::Values &expected)
-{
-    QCOMPARE(actual.font.family(), expected.font.family());
-    QCOMPARE(actual.font.pointSize(), expected.font.pointSize());
-    QCOMPARE(actual.tabWidth, expected.tabWidth);
-    QCOMPARE(actual.indentWithSpaces, expected.indentWithSpaces);
-    QCOMPARE(actual.autoIndent, expected.autoIndent);
-    QCOMPARE(actual.lineNumbers, expected.lineNumbers);
-    QCOMPARE(actual.wordWrap, expected.wordWrap);
-    QCOMPARE(actual.showWhitespace, expected.showWhitespace);
-    QCOMPARE(actual.highlightCurrentLine, expected.highlightCurrentLine);
-    QCOMPARE(actual.braceMatching, expected.braceMatching);
-    QCOMPARE(actual.defaultEncoding, expected.defaultEncoding);
-    QCOMPARE(actual.defaultLineEnding, expected.defaultLineEnding);
-    QCOMPARE(actual.reloadUnmodifiedSilently, expected.reloadUnmodifiedSilently);
-    QCOMPARE(actual.trimTrailingWhitespace, expected.trimTrailingWhitespace);
+    return {v.font.family(),
+            v.font.pointSize(),
+            v.tabWidth,
+            v.indentWithSpaces,
+            v.autoIndent,
+            v.lineNumbers,
+            v.wordWrap,
+            v.showWhitespace,
+            v.highlightCurrentLine,
+            v.braceMatching,
+            v.defaultEncoding,
+            int(v.defaultLineEnding),
+            v.reloadUnmodifiedSilently,
+            v.trimTrailingWhitespace};
 }
 
 } // namespace
 
-void TstEditorSettings::init()
-{
-    BaseUsrSettings("SRC_EDITOR").clear();
-}
-
-void TstEditorSettings::missingStoreGivesDefaults()
-{
-    compareValues(EditorSettings::load(), EditorSettings::defaults());
-    QVERIFY(!EditorSettings::defaults().trimTrailingWhitespace);
-}
-
 void TstEditorSettings::storedValuesLoadAgain()
 {
-    QVERIFY(EditorSettings::store(nonDefaults()));
-    compareValues(EditorSettings::load(), nonDefaults());
+    QVERIFY(!EditorSettings::defaults().trimTrailingWhitespace);
+    EditorSettings::Values values = EditorSettings::defaults();
+    values.font.setFamily(QStringLiteral("DejaVu Sans"));
+    values.font.setPointSize(17);
+    values.tabWidth = 8;
+    values.indentWithSpaces = !values.indentWithSpaces;
+    values.autoIndent = !values.autoIndent;
+    values.lineNumbers = !values.lineNumbers;
+    values.wordWrap = !values.wordWrap;
+    values.showWhitespace = !values.showWhitespace;
+    values.highlightCurrentLine = !values.highlightCurrentLine;
+    values.braceMatching = !values.braceMatching;
+    values.defaultEncoding = "WINDOWS-1252";
+    values.defaultLineEnding = LineEnding::CRLF;
+    values.reloadUnmodifiedSilently = !values.reloadUnmodifiedSilently;
+    values.trimTrailingWhitespace = true;
+    QVERIFY(EditorSettings::store(values));
+    QCOMPARE(fields(EditorSettings::load()), fields(values));
 }
 
-void TstEditorSettings::malformedValueReadsAsDefault_data()
+void TstEditorSettings::missingOrMalformedValueReadsAsDefault_data()
 {
-    QTest::addColumn<QString>("key");
+    QTest::addColumn<QString>("key"); // empty: nothing stored
     QTest::addColumn<QVariant>("value");
 
+    QTest::newRow("nothing stored") << "" << QVariant();
     QTest::newRow("tab width text") << "Editor/TabWidth" << QVariant(QStringLiteral("wide"));
     QTest::newRow("tab width zero") << "Editor/TabWidth" << QVariant(0);
     QTest::newRow("tab width huge") << "Editor/TabWidth" << QVariant(5000);
@@ -94,16 +79,15 @@ void TstEditorSettings::malformedValueReadsAsDefault_data()
     QTest::newRow("trim as number") << "Files/TrimTrailingWhitespace" << QVariant(7);
 }
 
-void TstEditorSettings::malformedValueReadsAsDefault()
+void TstEditorSettings::missingOrMalformedValueReadsAsDefault()
 {
     QFETCH(QString, key);
     QFETCH(QVariant, value);
 
-    {
-        BaseUsrSettings settings("SRC_EDITOR");
-        settings.setValue(key, value);
+    if (!key.isEmpty()) {
+        BaseUsrSettings("SRC_EDITOR").setValue(key, value);
     }
-    compareValues(EditorSettings::load(), EditorSettings::defaults());
+    QCOMPARE(fields(EditorSettings::load()), fields(EditorSettings::defaults()));
 }
 
 QTEST_MAIN(TstEditorSettings)
