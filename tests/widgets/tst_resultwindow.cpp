@@ -65,37 +65,34 @@ void TestResultWindow::doubleClickOpensHit_data()
     QTest::addColumn<QString>("file");
     QTest::addColumn<int>("line");
 
+    struct Row
+    {
+        const char *tag, *paragraph, *file;
+        int line;
+    };
+    // line -1: the emitted line is not checked.
+    for (const Row &row : {
+             Row{"plain hit", "src/main.c(42):  int x;", "src/main.c", 42},
+             Row{"colon in the file part", "C:\\dir\\f.c(12):x", "C:\\dir\\f.c", 12},
+             Row{"parentheses in the file part", "a(b)(7):x", "a(b)", 7},
+             Row{"last (number): ends the path", "a.c(3):b(4):c", "a.c(3):b", 4},
+             Row{"line not a number", "f.c(abc):x", "f.c", 0},
+             Row{"one blank after the colon", "f.c(12): ", "f.c", 12},
+             Row{"nothing after the colon", "f.c(12):", "", -1},
+             Row{"colon in the number part", "f.c(1:2):x", "", -1},
+             Row{"empty file part", "(12):x", "", -1},
+             Row{"empty line", "", "", -1},
+             Row{"heading line", "Searching for \"foo\" in /home/me", "", -1},
+             Row{"non-ASCII path", "/home/jürgen/naïve 文件.c(17):é", "/home/jürgen/naïve 文件.c",
+                 17},
+             Row{"CRLF remnant", "dos.c(5):text\r", "dos.c", 5},
+             Row{"CRLF remnant after the colon", "dos.c(6):\r", "dos.c", 6},
+         })
+        QTest::newRow(row.tag) << QString::fromUtf8(row.paragraph) << QString::fromUtf8(row.file)
+                               << row.line;
     const QString longText(20000, QLatin1Char('x'));
-    QTest::newRow("plain hit") << "src/main.c(42):  int x;"
-                               << "src/main.c" << 42;
-    QTest::newRow("colon in the file part") << "C:\\dir\\f.c(12):x"
-                                            << "C:\\dir\\f.c" << 12;
-    QTest::newRow("parentheses in the file part") << "a(b)(7):x"
-                                                  << "a(b)" << 7;
-    QTest::newRow("last (number): ends the path") << "a.c(3):b(4):c"
-                                                  << "a.c(3):b" << 4;
-    QTest::newRow("line not a number") << "f.c(abc):x"
-                                       << "f.c" << 0;
-    QTest::newRow("one blank after the colon") << "f.c(12): "
-                                               << "f.c" << 12;
-    QTest::newRow("nothing after the colon") << "f.c(12):"
-                                             << "" << -1;
-    QTest::newRow("colon in the number part") << "f.c(1:2):x"
-                                              << "" << -1;
-    QTest::newRow("empty file part") << "(12):x"
-                                     << "" << -1;
-    QTest::newRow("empty line") << ""
-                                << "" << -1;
-    QTest::newRow("heading line") << "Searching for \"foo\" in /home/me"
-                                  << "" << -1;
     QTest::newRow("very long hit text") << "big.c(9):" + longText << "big.c" << 9;
     QTest::newRow("very long path") << longText + ".c(3):y" << longText + ".c" << 3;
-    QTest::newRow("non-ASCII path") << "/home/jürgen/naïve 文件.c(17):é"
-                                    << "/home/jürgen/naïve 文件.c" << 17;
-    QTest::newRow("CRLF remnant") << "dos.c(5):text\r"
-                                  << "dos.c" << 5;
-    QTest::newRow("CRLF remnant after the colon") << "dos.c(6):\r"
-                                                  << "dos.c" << 6;
 }
 
 void TestResultWindow::doubleClickOpensHit()
@@ -147,21 +144,13 @@ void TestResultWindow::contextMenu_data()
     QTest::addColumn<QString>("contentAfter");
     QTest::addColumn<int>("stops");
 
+    const QString clear = QStringLiteral("C&lear All"), stop = QStringLiteral("Stop Search");
     QTest::newRow("empty pane, nothing chosen") << ""
                                                 << ""
                                                 << "" << 0;
-    QTest::newRow("hits, nothing chosen") << "a.c(1):x"
-                                          << ""
-                                          << "a.c(1):x" << 0;
-    QTest::newRow("clear all") << "a.c(1):x\nb.c(2):y"
-                               << "C&lear All"
-                               << "" << 0;
-    QTest::newRow("stop search keeps the hits") << "a.c(1):x"
-                                                << "Stop Search"
-                                                << "a.c(1):x" << 1;
-    QTest::newRow("stop search on an empty pane") << ""
-                                                  << "Stop Search"
-                                                  << "" << 1;
+    QTest::newRow("clear all") << "a.c(1):x\nb.c(2):y" << clear << "" << 0;
+    QTest::newRow("stop search keeps the hits") << "a.c(1):x" << stop << "a.c(1):x" << 1;
+    QTest::newRow("stop search on an empty pane") << "" << stop << "" << 1;
 }
 
 void TestResultWindow::contextMenu()
