@@ -14,12 +14,11 @@ class TestClosing : public QObject
 
 private Q_SLOTS:
     void init();
-    void withoutToolsTheWindowClosesAtOnce();
+    void windowClosesWhenNoToolRefuses_data();
+    void windowClosesWhenNoToolRefuses();
     void aRefusingToolKeepsTheWindowOpen();
-    void whenAllAgreeTheWindowCloses();
     void activationBringsChangedFileToFront();
     void activationWithoutChangeActivatesTheTool();
-    void noCheckBeforeTheFirstTool();
 };
 
 void TestClosing::init()
@@ -27,15 +26,24 @@ void TestClosing::init()
     FakeControl::instance()->reset();
 }
 
-void TestClosing::withoutToolsTheWindowClosesAtOnce()
+void TestClosing::windowClosesWhenNoToolRefuses_data()
 {
-    MessageLog log;
+    QTest::addColumn<QStringList>("files");
+    QTest::newRow("no tool") << QStringList();
+    QTest::newRow("two agreeing tools") << QStringList{"/tmp/a.c", "/tmp/b.c"};
+}
+
+void TestClosing::windowClosesWhenNoToolRefuses()
+{
+    QFETCH(QStringList, files);
     MainWindow window({});
+    for (const QString &file : files)
+        window.onOpenFile(file, 1);
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
     QVERIFY(window.close());
     QVERIFY(!window.isVisible());
-    QCOMPARE(log.count("Menu Item: onFileCloseAll."), 1);
+    QVERIFY(window.tools().isEmpty());
 }
 
 void TestClosing::aRefusingToolKeepsTheWindowOpen()
@@ -54,23 +62,11 @@ void TestClosing::aRefusingToolKeepsTheWindowOpen()
     QVERIFY(!window.close());
     QVERIFY(window.isVisible());
     QCOMPARE(window.tabWidget()->count(), 1);
-    QCOMPARE(window.tabWidget()->widget(0), tools[1]);
     QCOMPARE(window.tools(), QList<QWidget *>{tools[1]});
-    QCOMPARE(window.currentTool(), tools[1]);
     for (FakeTool *tool : tools)
         QCOMPARE(tool->closeRequests, 1);
     // The tools that closed dispose of themselves.
     QTRY_COMPARE(FakeControl::instance()->liveTools().size(), 1);
-}
-
-void TestClosing::whenAllAgreeTheWindowCloses()
-{
-    MainWindow window({"/tmp/a.c"});
-    window.onOpenFile("/tmp/b.c", 1);
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
-    QVERIFY(window.close());
-    QVERIFY(window.tools().isEmpty());
 }
 
 void TestClosing::activationBringsChangedFileToFront()
@@ -88,7 +84,6 @@ void TestClosing::activationBringsChangedFileToFront()
     QEvent activate(QEvent::WindowActivate);
     QVERIFY(window.eventFilter(&window, &activate));
     QCOMPARE(window.tabWidget()->currentWidget(), a);
-    QCOMPARE(window.currentTool(), a);
     QCOMPARE(b->activateCount, bActivations);
     QCOMPARE(log.count("====check file changed==="), 1);
 
@@ -102,29 +97,22 @@ void TestClosing::activationBringsChangedFileToFront()
 void TestClosing::activationWithoutChangeActivatesTheTool()
 {
     MessageLog log;
-    MainWindow window({"/tmp/a.c"});
+    MainWindow window({});
+    QEvent activate(QEvent::WindowActivate);
+    QCoreApplication::sendEvent(&window, &activate);
+    QCOMPARE(log.count("====check file changed==="), 0); // no tool, no check
+
+    window.onOpenFile("/tmp/a.c", 1);
     FakeTool *a = FakeControl::instance()->liveTools().value(0);
     QVERIFY(a);
     const int before = a->activateCount;
-    QEvent activate(QEvent::WindowActivate);
     QCoreApplication::sendEvent(&window, &activate);
     QCoreApplication::sendEvent(&window, &activate);
     QCOMPARE(a->activateCount, before + 2);
     QCOMPARE(log.count("====check file changed==="), 2);
-
-    // Other events are not looked at.
     QEvent other(QEvent::WindowDeactivate);
     QCoreApplication::sendEvent(&window, &other);
     QCOMPARE(a->activateCount, before + 2);
-}
-
-void TestClosing::noCheckBeforeTheFirstTool()
-{
-    MessageLog log;
-    MainWindow window({});
-    QEvent activate(QEvent::WindowActivate);
-    QCoreApplication::sendEvent(&window, &activate);
-    QCOMPARE(log.count("====check file changed==="), 0);
 }
 
 QTEST_MAIN(TestClosing)
