@@ -1,6 +1,5 @@
 #include "../sedgui/promptrecorder.h"
 #include "hubappinterface.h"
-#include "optwidget.h"
 #include "sedgui.h"
 #include "templatetree.h"
 
@@ -42,10 +41,10 @@ private Q_SLOTS:
     void unopenableFileIsRefused_data();
     void unopenableFileIsRefused();
     void startUpCommandLineQueuesTheOtherFiles();
-    void optionTitle();
 
 private:
     QWidget *create(const QStringList &args);
+    QString write(const QString &name, const QByteArray &bytes);
 
     QPluginLoader m_loader;
     hubAppInterface *m_app = nullptr;
@@ -75,6 +74,15 @@ QWidget *TestSedApp::create(const QStringList &args)
     return m_app->createTool(&m_window, 0, args, &error, 0);
 }
 
+QString TestSedApp::write(const QString &name, const QByteArray &bytes)
+{
+    const QString path = m_dir.filePath(name);
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        qFatal("cannot write %s", qPrintable(path));
+    return path;
+}
+
 void TestSedApp::newDocument()
 {
     QWidget *tool = create({});
@@ -87,12 +95,7 @@ void TestSedApp::newDocument()
 
 void TestSedApp::openAtLine()
 {
-    const QString path = m_dir.filePath(QStringLiteral("lines.py"));
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    for (int i = 0; i < 100; ++i)
-        file.write("x = 1\n");
-    file.close();
+    const QString path = write("lines.py", QByteArray("x = 1\n").repeated(100));
 
     auto *tool =
         qobject_cast<SedGUI *>(create({path, QStringLiteral("-line"), QStringLiteral("40")}));
@@ -107,11 +110,7 @@ void TestSedApp::openAtLine()
 
 void TestSedApp::alreadyOpenPathReturnsItsTool()
 {
-    const QString path = m_dir.filePath(QStringLiteral("same.txt"));
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("one\ntwo\n");
-    file.close();
+    const QString path = write("same.txt", "one\ntwo\n");
     QWidget *first = create({path});
     QVERIFY(first);
     QCOMPARE(create({path}), first);
@@ -167,17 +166,6 @@ void TestSedApp::startUpCommandLineQueuesTheOtherFiles()
     QTRY_COMPARE(m_window.requests.size(), 2);
     QCOMPARE(m_window.requests.at(0), std::make_pair(second, 5));
     QCOMPARE(m_window.requests.at(1), std::make_pair(third, 9));
-}
-
-void TestSedApp::optionTitle()
-{
-    QVERIFY(!m_app->getOptionTitle().isEmpty());
-    for (const QString &name : m_app->getOptionPageNames()) {
-        OptWidget *page = m_app->getOptionPage(name);
-        QVERIFY2(page, qPrintable(name));
-        QCOMPARE(m_app->getOptionPage(name), page);
-        delete page;
-    }
 }
 
 QTEST_MAIN(TestSedApp)
