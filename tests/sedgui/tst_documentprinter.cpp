@@ -20,21 +20,7 @@ private Q_SLOTS:
     void pdfHasTheExpectedPageCount_data();
     void pdfHasTheExpectedPageCount();
     void headerTakesRoomFromTheText();
-
-private:
-    static int pdfPageCount(const QString &path);
 };
-
-int TstDocumentPrinter::pdfPageCount(const QString &path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        return -1;
-    }
-    // Page objects, not the page tree ("/Type /Pages").
-    static const QRegularExpression page(QStringLiteral("/Type\\s*/Page(?![a-zA-Z])"));
-    return int(QString::fromLatin1(file.readAll()).count(page));
-}
 
 void TstDocumentPrinter::pdfHasTheExpectedPageCount_data()
 {
@@ -51,7 +37,6 @@ void TstDocumentPrinter::pdfHasTheExpectedPageCount()
     QFETCH(double, pages);
 
     QTemporaryDir dir;
-    QVERIFY(dir.isValid());
     const QString output = dir.filePath(QStringLiteral("out.pdf"));
 
     DocumentPrinter printer;
@@ -80,12 +65,15 @@ void TstDocumentPrinter::pdfHasTheExpectedPageCount()
         lines << QStringLiteral("int value%1 = %1; // short").arg(i);
     }
     editor.setText(lines.join(QLatin1Char('\n')));
-
     editor.setWhitespaceVisibility(QsciScintilla::WsVisible);
 
     const int expected = std::max(1, int(std::ceil(pages)));
     QCOMPARE(printer.printDocument(&editor), expected);
-    QCOMPARE(pdfPageCount(output), expected);
+    QFile pdf(output);
+    QVERIFY(pdf.open(QIODevice::ReadOnly));
+    // Page objects, not the page tree ("/Type /Pages").
+    static const QRegularExpression page(QStringLiteral("/Type\\s*/Page(?![a-zA-Z])"));
+    QCOMPARE(QString::fromLatin1(pdf.readAll()).count(page), expected);
     // Markers are left off the paper only.
     QCOMPARE(editor.whitespaceVisibility(), QsciScintilla::WsVisible);
     editor.setLexer(nullptr);
@@ -105,13 +93,10 @@ void TstDocumentPrinter::headerTakesRoomFromTheText()
     QVERIFY(area.top() > 20);
     QCOMPARE(area.bottom(), 389);
     // Something was drawn above the text area: the title and page number.
-    bool inked = false;
-    for (int y = 10; y < area.top() && !inked; ++y) {
-        for (int x = 10; x < 390 && !inked; ++x) {
-            inked = image.pixel(x, y) != qRgb(255, 255, 255);
-        }
-    }
-    QVERIFY(inked);
+    const QImage header = image.copy(10, 10, 380, area.top() - 10);
+    QImage blank(header.size(), header.format());
+    blank.fill(Qt::white);
+    QVERIFY(header != blank);
 }
 
 QTEST_MAIN(TstDocumentPrinter)
