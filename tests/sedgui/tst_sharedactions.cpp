@@ -31,7 +31,8 @@ public:
 
     QAction *action(const char *name) const { return m_actions.value(QString::fromLatin1(name)); }
 
-    // Breaks the old tool's links (disabling what it drove), makes the new one's.
+    // Breaks the old tool's links (disabling what it drove), makes the new one's, each
+    // action linked both ways: the tool drives its state and handles its trigger.
     void switchTo(SedGUI *tool)
     {
         for (const Connection *record :
@@ -46,14 +47,20 @@ public:
             }
         }
         m_front = tool;
+        QSet<QString> linked[2]; // driven by the tool, driving the tool
         for (const Connection *record : *tool->getConnectionList()) {
-            const bool made = record->senderKey
-                                  ? QObject::connect(action(record->senderKey), record->signal,
-                                                     tool, record->slot)
-                                  : QObject::connect(tool, record->signal,
-                                                     action(record->receiverKey), record->slot);
+            const char *key = record->senderKey ? record->senderKey : record->receiverKey;
+            QVERIFY(key && !(record->senderKey && record->receiverKey));
+            const bool made =
+                record->senderKey
+                    ? QObject::connect(action(key), record->signal, tool, record->slot)
+                    : QObject::connect(tool, record->signal, action(key), record->slot);
             QVERIFY2(made, record->signal);
+            linked[record->senderKey ? 1 : 0].insert(QString::fromLatin1(key));
         }
+        const QSet<QString> all(toolActionNames.cbegin(), toolActionNames.cend());
+        QCOMPARE(linked[0], all);
+        QCOMPARE(linked[1], all);
         tool->activate();
     }
 
@@ -79,27 +86,9 @@ class TestSharedActions : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void everyToolActionIsLinkedBothWays();
     void actionsFollowTheFrontTool();
     void triggersReachOnlyTheFrontTool();
 };
-
-void TestSharedActions::everyToolActionIsLinkedBothWays()
-{
-    SedGUI tool;
-    QSet<QString> driven;
-    QSet<QString> driving;
-    for (const Connection *record : *tool.getConnectionList()) {
-        QVERIFY((record->senderKey == nullptr) != (record->receiverKey == nullptr));
-        if (record->senderKey)
-            driving.insert(QString::fromLatin1(record->senderKey));
-        else
-            driven.insert(QString::fromLatin1(record->receiverKey));
-    }
-    const QSet<QString> all(toolActionNames.cbegin(), toolActionNames.cend());
-    QCOMPARE(driven, all);
-    QCOMPARE(driving, all);
-}
 
 void TestSharedActions::actionsFollowTheFrontTool()
 {
