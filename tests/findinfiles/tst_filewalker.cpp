@@ -2,6 +2,7 @@
 #include "filewalker.h"
 #include "searchoptions.h"
 #include "textmatcher.h"
+#include "writefile.h"
 
 #include <QDir>
 #include <QFile>
@@ -9,18 +10,6 @@
 #include <QTest>
 
 #include <unistd.h>
-
-namespace {
-
-void writeFile(const QString &path, const QByteArray &content)
-{
-    QDir().mkpath(QFileInfo(path).absolutePath());
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(content);
-}
-
-} // namespace
 
 class TestFileWalker : public QObject
 {

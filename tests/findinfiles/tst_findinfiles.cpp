@@ -2,6 +2,7 @@
 #include "findinfilesdialog.h"
 #include "resultwindow.h"
 #include "searchengine.h"
+#include "writefile.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -37,14 +38,6 @@ public:
 };
 
 namespace {
-
-void writeFile(const QString &path, const QByteArray &content)
-{
-    QDir().mkpath(QFileInfo(path).absolutePath());
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(content);
-}
 
 QStringList paneLines(ResultWindow *pane)
 {

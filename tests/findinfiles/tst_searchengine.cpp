@@ -1,4 +1,5 @@
 #include "searchengine.h"
+#include "writefile.h"
 
 #include <QDir>
 #include <QFile>
@@ -16,14 +17,6 @@
 namespace {
 
 const char ChildDirVariable[] = "FIF_TEST_UNPRIVILEGED_DIR";
-
-void writeFile(const QString &path, const QByteArray &content)
-{
-    QDir().mkpath(QFileInfo(path).absolutePath());
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(content);
-}
 
 int threadCount()
 {
