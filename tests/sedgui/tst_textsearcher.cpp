@@ -8,6 +8,21 @@
 
 using namespace koru::sedgui;
 
+struct FindCase
+{
+    QString text, pattern, options;
+    int from = 0, start = -1, end = -1; // start -1: no match
+    bool wrapped = false;
+};
+Q_DECLARE_METATYPE(FindCase)
+
+struct ReplaceCase
+{
+    QString text, pattern, options, replacement, result;
+    int count;
+};
+Q_DECLARE_METATYPE(ReplaceCase)
+
 class TstTextSearcher : public QObject
 {
     Q_OBJECT
@@ -41,76 +56,57 @@ SearchQuery query(const QString &pattern, const QString &options)
     return q;
 }
 
-// start -1: no match.
-void findRow(const char *name, const char *text, const char *pattern, const char *options, int from,
-             int start, int end = -1, bool wrapped = false)
+void findRow(const char *name, const FindCase &c)
 {
-    QTest::newRow(name) << QString::fromUtf8(text) << QString::fromUtf8(pattern)
-                        << QString::fromLatin1(options) << from << start << end << wrapped;
+    QTest::newRow(name) << c;
 }
 
-void replaceRow(const char *name, const char *text, const char *pattern, const char *options,
-                const char *replacement, const char *result, int count)
+void replaceRow(const char *name, const ReplaceCase &c)
 {
-    QTest::newRow(name) << QString::fromUtf8(text) << QString::fromUtf8(pattern)
-                        << QString::fromLatin1(options) << QString::fromUtf8(replacement)
-                        << QString::fromUtf8(result) << count;
+    QTest::newRow(name) << c;
 }
 
 } // namespace
 
 void TstTextSearcher::find_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("pattern");
-    QTest::addColumn<QString>("options");
-    QTest::addColumn<int>("from");
-    QTest::addColumn<int>("start");
-    QTest::addColumn<int>("end");
-    QTest::addColumn<bool>("wrapped");
+    QTest::addColumn<FindCase>("c");
 
-    findRow("plain", "one two three", "two", "", 0, 4, 7);
-    findRow("ignoring case, anchored mid-pattern", "zzz Needle NEEDLE", "neeDLE", "", 5, 11, 17);
-    findRow("match case", "One ONE one", "one", "c", 0, 8, 11);
-    findRow("whole word skips parts", "cat concat cat", "cat", "w", 1, 11, 14);
-    findRow("not whole word finds parts", "cat concat cat", "cat", "", 1, 7, 10);
-    findRow("whole word punctuation", "a->b a-b", "-", "w", 0, 6, 7);
-    findRow("regex", "a1 b22 c333", "[0-9][0-9]+", "r", 0, 4, 6);
-    findRow("regex whole word", "ab abc abd", "ab[a-z]", "rw", 0, 3, 6);
-    findRow("regex case", "Abc abc", "A[a-z]+", "rcn", 1, -1);
-    findRow("regex line start", "xa\nab", "^a", "r", 0, 3, 4);
-    findRow("wrap", "x here x", "here", "", 5, 2, 6, true);
-    findRow("no wrap", "x here x", "here", "n", 5, -1);
-    findRow("backwards", "ab ab ab", "ab", "b", 5, 3, 5);
-    findRow("backwards wraps to the end", "ab xx ab", "ab", "b", 0, 6, 8, true);
-    findRow("backwards regex", "k1 k2 k3", "k[0-9]", "rb", 6, 3, 5);
-    findRow("match case backwards", "ONE one ONE one", "ONE", "cb", 14, 8, 11);
-    findRow("match case backwards wraps", "one ONE", "ONE", "cb", 3, 4, 7, true);
-    findRow("whole word backwards", "cat concat cat", "cat", "wb", 11, 0, 3);
-    findRow("no match", "nothing here", "zebra", "", 0, -1);
-    findRow("match at the very end", "abc end", "end", "n", 2, 4, 7);
-    findRow("empty pattern", "abc", "", "", 0, -1);
-    findRow("across lines", "one\ntwo\nthree", "three", "", 0, 8, 13);
-    findRow("multi-byte, in bytes", "日本語のテキスト", "テキ", "", 0, 12, 18);
+    findRow("plain", {"one two three", "two", "", 0, 4, 7});
+    findRow("ignoring case, anchored mid-pattern", {"zzz Needle NEEDLE", "neeDLE", "", 5, 11, 17});
+    findRow("match case", {"One ONE one", "one", "c", 0, 8, 11});
+    findRow("whole word skips parts", {"cat concat cat", "cat", "w", 1, 11, 14});
+    findRow("not whole word finds parts", {"cat concat cat", "cat", "", 1, 7, 10});
+    findRow("whole word punctuation", {"a->b a-b", "-", "w", 0, 6, 7});
+    findRow("regex", {"a1 b22 c333", "[0-9][0-9]+", "r", 0, 4, 6});
+    findRow("regex whole word", {"ab abc abd", "ab[a-z]", "rw", 0, 3, 6});
+    findRow("regex case", {"Abc abc", "A[a-z]+", "rcn", 1, -1});
+    findRow("regex line start", {"xa\nab", "^a", "r", 0, 3, 4});
+    findRow("wrap", {"x here x", "here", "", 5, 2, 6, true});
+    findRow("no wrap", {"x here x", "here", "n", 5, -1});
+    findRow("backwards", {"ab ab ab", "ab", "b", 5, 3, 5});
+    findRow("backwards wraps to the end", {"ab xx ab", "ab", "b", 0, 6, 8, true});
+    findRow("backwards regex", {"k1 k2 k3", "k[0-9]", "rb", 6, 3, 5});
+    findRow("match case backwards", {"ONE one ONE one", "ONE", "cb", 14, 8, 11});
+    findRow("match case backwards wraps", {"one ONE", "ONE", "cb", 3, 4, 7, true});
+    findRow("whole word backwards", {"cat concat cat", "cat", "wb", 11, 0, 3});
+    findRow("no match", {"nothing here", "zebra", "", 0, -1});
+    findRow("match at the very end", {"abc end", "end", "n", 2, 4, 7});
+    findRow("empty pattern", {"abc", "", "", 0, -1});
+    findRow("across lines", {"one\ntwo\nthree", "three", "", 0, 8, 13});
+    findRow("multi-byte, in bytes", {"日本語のテキスト", "テキ", "", 0, 12, 18});
 }
 
 void TstTextSearcher::find()
 {
-    QFETCH(QString, text);
-    QFETCH(QString, pattern);
-    QFETCH(QString, options);
-    QFETCH(int, from);
-    QFETCH(int, start);
-    QFETCH(int, end);
-    QFETCH(bool, wrapped);
-
+    QFETCH(FindCase, c);
     QsciScintilla editor;
-    editor.setText(text);
-    const SearchMatch match = TextSearcher::find(&editor, query(pattern, options), from);
-    QCOMPARE(match.start, start);
-    if (start >= 0) {
-        QCOMPARE(match.end, end);
-        QCOMPARE(match.wrapped, wrapped);
+    editor.setText(c.text);
+    const SearchMatch match = TextSearcher::find(&editor, query(c.pattern, c.options), c.from);
+    QCOMPARE(match.start, c.start);
+    if (c.start >= 0) {
+        QCOMPARE(match.end, c.end);
+        QCOMPARE(match.wrapped, c.wrapped);
     }
 }
 
@@ -144,41 +140,31 @@ void TstTextSearcher::findNextMovesOn()
 
 void TstTextSearcher::replaceAll_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("pattern");
-    QTest::addColumn<QString>("options");
-    QTest::addColumn<QString>("replacement");
-    QTest::addColumn<QString>("result");
-    QTest::addColumn<int>("count");
+    QTest::addColumn<ReplaceCase>("c");
 
-    replaceRow("plain", "a-b-c", "-", "", "+", "a+b+c", 2);
-    replaceRow("replacement contains pattern", "aa", "a", "", "aa", "aaaa", 2);
-    replaceRow("case", "Cat cat", "cat", "c", "dog", "Cat dog", 1);
-    replaceRow("whole word", "in inside in", "in", "w", "out", "out inside out", 2);
-    replaceRow("regex captures", "key=value\nname=joe", "([a-z]+)=([a-z]+)", "r", "\\2:\\1",
-               "value:key\njoe:name", 2);
-    replaceRow("regex whole match", "ab", "[ab]", "r", "<\\0>", "<a><b>", 2);
-    replaceRow("regex line start", "a\nb\n", "^", "r", "> ", "> a\n> b\n> ", 3);
-    replaceRow("trailing blanks", "a  \nb\t\nc", "[ \t]+$", "r", "", "a\nb\nc", 2);
-    replaceRow("no match", "abc", "z", "", "y", "abc", 0);
-    replaceRow("match at the very end", "abcd", "cd", "", "X", "abX", 1);
-    replaceRow("empty pattern", "abc", "", "", "y", "abc", 0);
-    replaceRow("multi-byte", "Grüße, Grüße", "ü", "", "ue", "Grueße, Grueße", 2);
+    replaceRow("plain", {"a-b-c", "-", "", "+", "a+b+c", 2});
+    replaceRow("replacement contains pattern", {"aa", "a", "", "aa", "aaaa", 2});
+    replaceRow("case", {"Cat cat", "cat", "c", "dog", "Cat dog", 1});
+    replaceRow("whole word", {"in inside in", "in", "w", "out", "out inside out", 2});
+    replaceRow("regex captures", {"key=value\nname=joe", "([a-z]+)=([a-z]+)", "r", "\\2:\\1",
+                                  "value:key\njoe:name", 2});
+    replaceRow("regex whole match", {"ab", "[ab]", "r", "<\\0>", "<a><b>", 2});
+    replaceRow("regex line start", {"a\nb\n", "^", "r", "> ", "> a\n> b\n> ", 3});
+    replaceRow("trailing blanks", {"a  \nb\t\nc", "[ \t]+$", "r", "", "a\nb\nc", 2});
+    replaceRow("no match", {"abc", "z", "", "y", "abc", 0});
+    replaceRow("match at the very end", {"abcd", "cd", "", "X", "abX", 1});
+    replaceRow("empty pattern", {"abc", "", "", "y", "abc", 0});
+    replaceRow("multi-byte", {"Grüße, Grüße", "ü", "", "ue", "Grueße, Grueße", 2});
 }
 
 void TstTextSearcher::replaceAll()
 {
-    QFETCH(QString, text);
-    QFETCH(QString, pattern);
-    QFETCH(QString, options);
-    QFETCH(QString, replacement);
-    QFETCH(QString, result);
-    QFETCH(int, count);
-
+    QFETCH(ReplaceCase, c);
     QsciScintilla editor;
-    editor.setText(text);
-    QCOMPARE(TextSearcher::replaceAll(&editor, query(pattern, options), replacement), count);
-    QCOMPARE(editor.text(), result);
+    editor.setText(c.text);
+    QCOMPARE(TextSearcher::replaceAll(&editor, query(c.pattern, c.options), c.replacement),
+             c.count);
+    QCOMPARE(editor.text(), c.result);
 }
 
 void TstTextSearcher::replaceAllIsOneUndoStep()
