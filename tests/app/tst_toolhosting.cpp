@@ -60,17 +60,14 @@ private Q_SLOTS:
     void init();
     void cleanup();
     void pluginLoadsFromProgramFolderWhateverTheCurrentDirectory();
-    void destructorDeletesFactory();
-    void startupArgumentsMakeTheFirstTool_data();
-    void startupArgumentsMakeTheFirstTool();
+    void commandsAskTheFactory_data();
+    void commandsAskTheFactory();
     void toolSignalsReachTheirSlots_data();
     void toolSignalsReachTheirSlots();
     void openThreeFilesFromOneDialog();
     void requestsThatYieldNoToolAddNothing_data();
     void requestsThatYieldNoToolAddNothing();
     void openPathOfOpenToolBringsItsTabToFront();
-    void newFileAsksForAnUntitledTool();
-    void openAtLineAsksTheFactoryEveryTime();
     void switchingToolsMovesActionLinks();
     void titleAndWorkingDirectoryFollowCurrentTab();
     void closingLastToolResetsTitleAndDisablesToolActions();
@@ -115,44 +112,50 @@ void TestToolHosting::pluginLoadsFromProgramFolderWhateverTheCurrentDirectory()
     QCOMPARE(FakeControl::instance()->factoriesMade, 1);
 }
 
-void TestToolHosting::destructorDeletesFactory()
+void TestToolHosting::commandsAskTheFactory_data()
 {
-    {
-        MainWindow window({});
-        QCOMPARE(FakeControl::instance()->factoriesDeleted, 0);
-    }
-    QCOMPARE(FakeControl::instance()->factoriesDeleted, 1);
+    QTest::addColumn<QStringList>("startup");
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<QStringList>("factoryArgs");
+    QTest::addColumn<QStringList>("tabs");
+    QTest::addColumn<QStringList>("recent");
+
+    const QStringList none;
+    const QStringList atLine{"/tmp/a.c", "-line", "12"};
+    QTest::newRow("start-up, path -line N") << atLine << "" << atLine << QStringList{"a.c"} << none;
+    QTest::newRow("start-up, two paths in one list")
+        << QStringList{"/tmp/a.c", "/tmp/b.c"} << "" << QStringList{"/tmp/a.c", "/tmp/b.c"}
+        << QStringList{"a.c"} << none;
+    QTest::newRow("new: untitled") << none << "new" << none << QStringList{"Untitled"} << none;
+    QTest::newRow("open at line") << none << "line" << atLine << QStringList{"a.c"}
+                                  << QStringList{"/tmp/a.c"};
 }
 
-void TestToolHosting::startupArgumentsMakeTheFirstTool_data()
+void TestToolHosting::commandsAskTheFactory()
 {
-    QTest::addColumn<QStringList>("args");
-    QTest::addColumn<bool>("returnNull");
-    QTest::addColumn<int>("tabs");
+    QFETCH(QStringList, startup);
+    QFETCH(QString, command);
+    QFETCH(QStringList, factoryArgs);
+    QFETCH(QStringList, tabs);
+    QFETCH(QStringList, recent);
 
-    QTest::newRow("no arguments") << QStringList() << false << 0;
-    QTest::newRow("path, -line, number") << QStringList{"/tmp/a.c", "-line", "12"} << false << 1;
-    QTest::newRow("two paths, one list") << QStringList{"/tmp/a.c", "/tmp/b.c"} << false << 1;
-    QTest::newRow("factory gives null") << QStringList{"/tmp/a.c"} << true << 0;
-}
-
-void TestToolHosting::startupArgumentsMakeTheFirstTool()
-{
-    QFETCH(QStringList, args);
-    QFETCH(bool, returnNull);
-    QFETCH(int, tabs);
-
-    FakeControl::instance()->returnNull = returnNull;
-    MainWindow window(args);
-    QCOMPARE(FakeControl::instance()->createCalls,
-             args.isEmpty() ? QList<QStringList>() : QList<QStringList>{args});
-    QCOMPARE(window.tabWidget()->count(), tabs);
-    QCOMPARE(window.tools().size(), tabs);
-    // The start-up path leaves the recent files alone.
-    QVERIFY(window.recentFileList().isEmpty());
-    if (tabs) {
-        QCOMPARE(FakeControl::instance()->createParents.first(), &window);
-        QCOMPARE(window.currentTool(), window.tabWidget()->widget(0));
+    MainWindow window(startup);
+    if (command == "new")
+        shellAction("FILE > NEW")->trigger();
+    else if (command == "line")
+        window.onOpenFile("/tmp/a.c", 12);
+    QCOMPARE(FakeControl::instance()->createCalls, QList<QStringList>{factoryArgs});
+    QCOMPARE(FakeControl::instance()->createParents.value(0), &window);
+    QCOMPARE(tabTexts(window), tabs);
+    QCOMPARE(window.currentTool(), window.tabWidget()->widget(0));
+    QCOMPARE(window.recentFileList(), recent);
+    if (command == "line") {
+        // Every request goes to the factory again, and the tool moves to the line.
+        window.onOpenFile("/tmp/a.c", 7);
+        QCOMPARE(fake(window.currentTool())->processArgsCalls.last(),
+                 QStringList({"/tmp/a.c", "-line", "7"}));
+        QCOMPARE(FakeControl::instance()->createCalls.size(), 2);
+        QCOMPARE(window.tabWidget()->count(), 1);
     }
 }
 
@@ -239,6 +242,7 @@ void TestToolHosting::requestsThatYieldNoToolAddNothing_data()
     QTest::newRow("open at line, empty path") << "empty" << 0;
     QTest::newRow("open at line, factory gives null") << "null open" << 1;
     QTest::newRow("new, factory gives null") << "null new" << 1;
+    QTest::newRow("start-up, factory gives null") << "null start-up" << 1;
 }
 
 void TestToolHosting::requestsThatYieldNoToolAddNothing()
@@ -246,16 +250,16 @@ void TestToolHosting::requestsThatYieldNoToolAddNothing()
     QFETCH(QString, request);
     QFETCH(int, factoryCalls);
 
-    MainWindow window({});
     ModalWatcher watcher;
     FakeControl::instance()->returnNull = request.startsWith("null");
+    MainWindow window(request == "null start-up" ? QStringList{"/tmp/a.c"} : QStringList());
     if (request == "dialog")
         window.onOpenFile();
     else if (request == "empty")
         window.onOpenFile(QString(), 3);
     else if (request == "null open")
         window.onOpenFile("/tmp/missing.c", 1);
-    else
+    else if (request == "null new")
         shellAction("FILE > NEW")->trigger();
 
     QCOMPARE(watcher.seen.size(), request == "dialog" ? 1 : 0);
@@ -276,33 +280,6 @@ void TestToolHosting::openPathOfOpenToolBringsItsTabToFront()
     QCOMPARE(window.tabWidget()->currentWidget(), a);
     QCOMPARE(window.tools().first(), a);
     QCOMPARE(window.tools().size(), 2);
-}
-
-void TestToolHosting::newFileAsksForAnUntitledTool()
-{
-    MainWindow window({});
-    shellAction("FILE > NEW")->trigger();
-    QCOMPARE(FakeControl::instance()->createCalls, QList<QStringList>{QStringList()});
-    QCOMPARE(tabTexts(window), QStringList{"Untitled"});
-    QCOMPARE(window.windowTitle(), QStringLiteral("Untitled"));
-    QVERIFY(window.recentFileList().isEmpty());
-}
-
-void TestToolHosting::openAtLineAsksTheFactoryEveryTime()
-{
-    MainWindow window({});
-    window.onOpenFile("/tmp/x.cpp", 42);
-    const QStringList expected{"/tmp/x.cpp", "-line", "42"};
-    QCOMPARE(FakeControl::instance()->createCalls, QList<QStringList>{expected});
-    FakeTool *tool = fake(window.currentTool());
-    QVERIFY(tool);
-    QCOMPARE(tool->processArgsCalls, QList<QStringList>{expected});
-    QCOMPARE(window.recentFileList(), QStringList{"/tmp/x.cpp"});
-
-    window.onOpenFile("/tmp/x.cpp", 7);
-    QCOMPARE(FakeControl::instance()->createCalls.size(), 2);
-    QCOMPARE(tool->processArgsCalls.last(), QStringList({"/tmp/x.cpp", "-line", "7"}));
-    QCOMPARE(window.tabWidget()->count(), 1);
 }
 
 void TestToolHosting::switchingToolsMovesActionLinks()
