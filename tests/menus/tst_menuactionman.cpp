@@ -5,7 +5,8 @@
 
 namespace {
 
-enum Lookup { Shell, Tool, ByName };
+// Menu + n: getAction(key, n).
+enum Lookup { Shell, Tool, ByName, Menu = 10 };
 
 QStringList split(const char *items)
 {
@@ -41,8 +42,6 @@ class TestMenuActionMan : public QObject
 private Q_SLOTS:
     void lookUpByKey_data();
     void lookUpByKey();
-    void getAction_data();
-    void getAction();
     void getActionLeavesNullEntryForUnknownName();
     void connectActionJoinsTriggeredToSlot();
     void subMenuKeysAreNotUpperCased_data();
@@ -56,7 +55,6 @@ private Q_SLOTS:
     void shortcutsAndStatusTips();
     void byNameIndexHoldsTheSixteenToolActions();
     void disableToolActionsDisablesEveryToolAction();
-    void instanceIsOneRegistry();
 };
 
 void TestMenuActionMan::lookUpByKey_data()
@@ -79,6 +77,13 @@ void TestMenuActionMan::lookUpByKey_data()
     row("shell actions not by name", ByName, "SAVE ALL", "");
     row("path key is no name", ByName, "FILE > SAVE", "");
     row("blank separator exact", Tool, "FILE>SAVE", "");
+    row("getAction: option in tools", Menu + 3, "Option", "Option...");
+    row("getAction: display text is no name", Menu + 3, "Option...", "");
+    row("getAction: help index unsupported", Menu + 4, "Option", "");
+    row("getAction: negative index", Menu - 1, "New", "");
+    row("getAction: name in lower case", Menu + 1, "undo", "Undo");
+    row("getAction: tool action of another menu", Menu, "Copy", "Copy");
+    row("getAction: shell action of another menu", Menu + 1, "Exit", "");
 }
 
 void TestMenuActionMan::lookUpByKey()
@@ -88,49 +93,11 @@ void TestMenuActionMan::lookUpByKey()
     QFETCH(QString, expected);
 
     MenuActionMan registry;
-    const QByteArray latin1 = key.toLatin1();
-    const char *raw = latin1.constData();
-    QAction *action = how == Shell  ? registry.findShellAction(key)
-                      : how == Tool ? registry.findToolAction(key)
-                                    : registry.findActionByName(key);
-    QVERIFY(action);
-    if (expected.isEmpty())
-        QCOMPARE(action, registry.getDefaultAction());
-    else
-        QCOMPARE(action->objectName(), expected);
-    // The const char* overloads answer the same.
-    QCOMPARE(how == Shell  ? registry.findShellAction(raw)
-             : how == Tool ? registry.findToolAction(raw)
-                           : registry.findActionByName(raw),
-             action);
-}
-
-void TestMenuActionMan::getAction_data()
-{
-    QTest::addColumn<QByteArray>("name");
-    QTest::addColumn<int>("menu");
-    QTest::addColumn<QString>("expected"); // object name; empty: the default action
-
-    const auto row = [](const char *tag, const char *name, int menu, const char *expected) {
-        QTest::newRow(tag) << QByteArray(name) << menu << QString::fromLatin1(expected);
-    };
-    row("option in tools", "Option", 3, "Option...");
-    row("display text is no name", "Option...", 3, "");
-    row("help index unsupported", "Option", 4, "");
-    row("negative index", "New", -1, "");
-    row("name in lower case", "undo", 1, "Undo");
-    row("tool action of another menu", "Copy", 0, "Copy");
-    row("shell action of another menu", "Exit", 1, "");
-}
-
-void TestMenuActionMan::getAction()
-{
-    QFETCH(QByteArray, name);
-    QFETCH(int, menu);
-    QFETCH(QString, expected);
-
-    MenuActionMan registry;
-    QAction *action = registry.getAction(name.constData(), menu);
+    const QByteArray raw = key.toLatin1();
+    QAction *action = how == Shell    ? registry.findShellAction(key)
+                      : how == Tool   ? registry.findToolAction(key)
+                      : how == ByName ? registry.findActionByName(key)
+                                      : registry.getAction(raw.constData(), how - Menu);
     QVERIFY(action);
     if (expected.isEmpty())
         QCOMPARE(action, registry.getDefaultAction());
@@ -339,14 +306,6 @@ void TestMenuActionMan::disableToolActionsDisablesEveryToolAction()
     registry.disableToolActions();
     QVERIFY(!save->isEnabled() && !paste->isEnabled());
     QVERIFY(registry.findShellAction("FILE > NEW")->isEnabled());
-}
-
-void TestMenuActionMan::instanceIsOneRegistry()
-{
-    MenuActionMan *first = MenuActionMan::instance();
-    QObject other;
-    QCOMPARE(MenuActionMan::instance(&other), first);
-    QCOMPARE(first->parent(), nullptr);
 }
 
 QTEST_MAIN(TestMenuActionMan)
