@@ -63,7 +63,6 @@ private Q_SLOTS:
     void addition();
     void storedListIsTheBaseOfEachChange();
     void longStoredListLoadsWhole();
-    void actionTextsAndData();
     void noSubMenuWhileEmpty();
     void choosingAnEntryOpensItAgain();
     void failedOpenKeepsTheEntry();
@@ -128,25 +127,16 @@ void TestRecentFiles::longStoredListLoadsWhole()
     MainWindow window({});
     QCOMPARE(window.recentFileList(), numbered("/p", 20));
     window.updateMenu();
-    const QList<QMenu *> menus = recentMenus(window);
-    QCOMPARE(menus.size(), 1);
-    const QList<QAction *> visible = visibleActions(menus.first());
+    QList<QAction *> visible = visibleActions(recentMenus(window).value(0));
     QCOMPARE(visible.size(), 15);
+    QCOMPARE(visible[9]->text(), QStringLiteral("&10 /p10"));
     QCOMPARE(visible.last()->data().toString(), QStringLiteral("/p15"));
-}
 
-void TestRecentFiles::actionTextsAndData()
-{
-    store(numbered("/p", 11));
-    MainWindow window({});
     window.onFileSaved("/p10");
     window.updateMenu();
-    const QList<QAction *> actions = recentMenus(window).value(0)->actions();
-    QCOMPARE(actions.size(), 15);
-    QCOMPARE(actions[0]->text(), QStringLiteral("&1 /p10"));
-    QCOMPARE(actions[9]->text(), QStringLiteral("&10 /p9"));
-    QCOMPARE(actions[10]->data().toString(), QStringLiteral("/p11"));
-    QCOMPARE(visibleActions(recentMenus(window).value(0)).size(), 11);
+    visible = visibleActions(recentMenus(window).value(0));
+    QCOMPARE(visible[0]->text(), QStringLiteral("&1 /p10"));
+    QCOMPARE(visible[1]->text(), QStringLiteral("&2 /p1"));
 }
 
 void TestRecentFiles::noSubMenuWhileEmpty()
@@ -157,6 +147,7 @@ void TestRecentFiles::noSubMenuWhileEmpty()
     window.onFileSaved("/a");
     window.updateMenu();
     QCOMPARE(recentMenus(window).size(), 1);
+    QCOMPARE(visibleActions(recentMenus(window).first()).size(), 1);
 }
 
 void TestRecentFiles::choosingAnEntryOpensItAgain()
