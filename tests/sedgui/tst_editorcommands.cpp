@@ -11,6 +11,14 @@
 
 using namespace koru::sedgui;
 
+struct CommentCase
+{
+    QString language, text;
+    int from, to; // -1: no selection, caret at 0
+    QString result;
+};
+Q_DECLARE_METATYPE(CommentCase)
+
 class TstEditorCommands : public QObject
 {
     Q_OBJECT
@@ -36,12 +44,9 @@ void select(QsciScintilla &editor, int from, int to)
                          static_cast<long>(to));
 }
 
-// from -1: no selection, caret at 0.
-void commentRow(const char *name, const char *language, const char *text, int from, int to,
-                const char *result)
+void commentRow(const char *name, const CommentCase &c)
 {
-    QTest::newRow(name) << QString::fromLatin1(language) << QString::fromLatin1(text) << from << to
-                        << QString::fromLatin1(result);
+    QTest::newRow(name) << c;
 }
 
 } // namespace
@@ -86,10 +91,7 @@ void TstEditorCommands::goToLineClamps()
     QCOMPARE(caretIndex, expectedIndex);
     const long first = editor.SendScintilla(QsciScintillaBase::SCI_GETFIRSTVISIBLELINE);
     const long onScreen = editor.SendScintilla(QsciScintillaBase::SCI_LINESONSCREEN);
-    QVERIFY2(
-        first <= caretLine && caretLine < first + onScreen,
-        qPrintable(
-            QStringLiteral("line %1 not in view %2+%3").arg(caretLine).arg(first).arg(onScreen)));
+    QVERIFY(first <= caretLine && caretLine < first + onScreen); // the line is in view
 }
 
 void TstEditorCommands::goToLineShowsAFoldedLine()
@@ -140,55 +142,46 @@ void TstEditorCommands::parseGoToText()
 
 void TstEditorCommands::toggleCommentIsOneUndoStep_data()
 {
-    QTest::addColumn<QString>("language");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("selectFrom");
-    QTest::addColumn<int>("selectTo");
-    QTest::addColumn<QString>("result");
+    QTest::addColumn<CommentCase>("c");
 
-    commentRow("c++ one line", "C++", "int a;\nint b;", -1, -1, "// int a;\nint b;");
-    commentRow("c++ uncomment", "C++", "// int a;\nint b;", -1, -1, "int a;\nint b;");
-    commentRow("c++ keeps indentation", "C++", "    a();\n        b();\n", 0, 22,
-               "    // a();\n    //     b();\n");
-    commentRow("c++ mixed lines comment all", "C++", "// a\nb\n", 0, 6, "// // a\n// b\n");
-    commentRow("c++ blank lines stay", "C++", "a\n\nb", 0, 4, "// a\n\n// b");
-    commentRow("selection ending at a line start leaves that line", "C++", "a\nb\n", 0, 2,
-               "// a\nb\n");
-    commentRow("python", "Python", "x = 1", -1, -1, "# x = 1");
-    commentRow("python uncomment without space", "Python", "#x = 1", -1, -1, "x = 1");
-    commentRow("sql", "SQL", "select 1", -1, -1, "-- select 1");
-    commentRow("html block", "HTML", "<p>a</p>\n<p>b</p>", 0, 17, "<!-- <p>a</p>\n<p>b</p> -->");
-    commentRow("html unblock", "HTML", "<!-- <p>a</p> -->", -1, -1, "<p>a</p>");
-    commentRow("plain text does nothing", "", "text", -1, -1, "text");
+    commentRow("c++ one line", {"C++", "int a;\nint b;", -1, -1, "// int a;\nint b;"});
+    commentRow("c++ uncomment", {"C++", "// int a;\nint b;", -1, -1, "int a;\nint b;"});
+    commentRow("c++ keeps indentation",
+               {"C++", "    a();\n        b();\n", 0, 22, "    // a();\n    //     b();\n"});
+    commentRow("c++ mixed lines comment all", {"C++", "// a\nb\n", 0, 6, "// // a\n// b\n"});
+    commentRow("c++ blank lines stay", {"C++", "a\n\nb", 0, 4, "// a\n\n// b"});
+    commentRow("selection ending at a line start leaves that line",
+               {"C++", "a\nb\n", 0, 2, "// a\nb\n"});
+    commentRow("python", {"Python", "x = 1", -1, -1, "# x = 1"});
+    commentRow("python uncomment without space", {"Python", "#x = 1", -1, -1, "x = 1"});
+    commentRow("sql", {"SQL", "select 1", -1, -1, "-- select 1"});
+    commentRow("html block", {"HTML", "<p>a</p>\n<p>b</p>", 0, 17, "<!-- <p>a</p>\n<p>b</p> -->"});
+    commentRow("html unblock", {"HTML", "<!-- <p>a</p> -->", -1, -1, "<p>a</p>"});
+    commentRow("plain text does nothing", {"", "text", -1, -1, "text"});
 }
 
 void TstEditorCommands::toggleCommentIsOneUndoStep()
 {
-    QFETCH(QString, language);
-    QFETCH(QString, text);
-    QFETCH(int, selectFrom);
-    QFETCH(int, selectTo);
-    QFETCH(QString, result);
-
+    QFETCH(CommentCase, c);
     QsciScintilla editor;
     QsciLexerCPP cpp;
     QsciLexerPython python;
     QsciLexerSQL sql;
     QsciLexerHTML html;
     for (QsciLexer *lexer : std::initializer_list<QsciLexer *>{&cpp, &python, &sql, &html}) {
-        if (QString::fromLatin1(lexer->language()) == language) {
+        if (QString::fromLatin1(lexer->language()) == c.language) {
             editor.setLexer(lexer);
         }
     }
-    editor.setText(text);
+    editor.setText(c.text);
     editor.SendScintilla(QsciScintillaBase::SCI_EMPTYUNDOBUFFER);
-    if (selectFrom >= 0) {
-        select(editor, selectFrom, selectTo);
+    if (c.from >= 0) {
+        select(editor, c.from, c.to);
     }
-    QCOMPARE(EditorCommands::toggleComment(&editor), !language.isEmpty());
-    QCOMPARE(editor.text(), result);
+    QCOMPARE(EditorCommands::toggleComment(&editor), !c.language.isEmpty());
+    QCOMPARE(editor.text(), c.result);
     editor.undo();
-    QCOMPARE(editor.text(), text);
+    QCOMPARE(editor.text(), c.text);
     QVERIFY(!editor.isUndoAvailable());
     editor.setLexer(nullptr);
 }
