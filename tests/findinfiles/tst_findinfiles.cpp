@@ -37,15 +37,6 @@ public:
     Q_INVOKABLE QString selectedText() const { return selection; }
 };
 
-namespace {
-
-QStringList paneLines(ResultWindow *pane)
-{
-    return pane->toPlainText().split(QLatin1Char('\n'));
-}
-
-} // namespace
-
 class TestFindInFiles : public QObject
 {
     Q_OBJECT
@@ -59,6 +50,14 @@ private slots:
     void lastSearchesAreRemembered();
 
 private:
+    SearchOptions needleInDir() const
+    {
+        SearchOptions options;
+        options.folder = m_dir->path();
+        options.text = QStringLiteral("needle");
+        return options;
+    }
+
     FakeWindow *m_window = nullptr;
     FakeTool *m_tool = nullptr;
     QAction *m_action = nullptr;
@@ -105,11 +104,8 @@ void TestFindInFiles::searchFillsThePaneAndDoubleClickOpensTheHit()
 {
     const QString file = m_dir->filePath(QStringLiteral("src (1)/f(2).c"));
     writeFile(file, "a\nint f(x): needle\nneedle\n");
-    SearchOptions options;
-    options.folder = m_dir->path();
-    options.text = QStringLiteral("needle");
     QSignalSpy finished(m_fif->engine(), &SearchEngine::finished);
-    m_fif->startSearch(options);
+    m_fif->startSearch(needleInDir());
     QVERIFY(finished.wait());
 
     ResultWindow *pane = m_fif->resultWindow();
@@ -117,7 +113,7 @@ void TestFindInFiles::searchFillsThePaneAndDoubleClickOpensTheHit()
     auto *dock = qobject_cast<QDockWidget *>(pane->parentWidget());
     QVERIFY(dock && dock->isVisible());
     QCOMPARE(m_window->dockWidgetArea(dock), Qt::BottomDockWidgetArea);
-    const QStringList lines = paneLines(pane);
+    const QStringList lines = pane->toPlainText().split(QLatin1Char('\n'));
     QCOMPARE(lines.size(), 4); // heading, two hits, summary
     QVERIFY(lines.first().contains(QLatin1String("needle")));
     QVERIFY(m_window->statusBar()->currentMessage().startsWith(QLatin1String("2 hits in 1 file")));
@@ -135,10 +131,7 @@ void TestFindInFiles::paneStopAndEscapeStopTheSearch()
     for (int i = 0; i < 100000; ++i)
         many += "needle\n";
     writeFile(m_dir->filePath(QStringLiteral("many.txt")), many);
-    SearchOptions options;
-    options.folder = m_dir->path();
-    options.text = QStringLiteral("needle");
-
+    const SearchOptions options = needleInDir();
     m_fif->startSearch(options);
     QVERIFY(m_fif->engine()->isRunning());
     m_fif->resultWindow()->stopSearch();
