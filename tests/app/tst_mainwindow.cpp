@@ -13,18 +13,6 @@
 #include <QTest>
 #include <QToolBar>
 
-namespace {
-
-QStringList actionTexts(const QList<QAction *> &actions)
-{
-    QStringList texts;
-    for (const QAction *action : actions)
-        texts.append(action->isSeparator() ? QStringLiteral("-") : action->text());
-    return texts;
-}
-
-} // namespace
-
 // The frame of the main window: what it shows with no tool and its small
 // commands.
 class TestMainWindow : public QObject
@@ -33,11 +21,8 @@ class TestMainWindow : public QObject
 
 private Q_SLOTS:
     void init();
-    void startsEmptyWithTitleAndReadyStatus();
-    void menuBarHasFourMenusAndNoHelp();
-    void twoVisibleToolBarsHoldTheListedActions();
-    void statusBarActionTogglesTheStatusBar();
-    void exitClosesTheWindow();
+    void startsEmptyWithTitleStatusAndFourMenus();
+    void shownFrameHasToolBarsTogglesStatusBarAndExits();
     void optionRunsTheDialogModallyThenTraces();
     void metaObjectMethodOrder_data();
     void metaObjectMethodOrder();
@@ -48,7 +33,7 @@ void TestMainWindow::init()
     FakeControl::instance()->reset();
 }
 
-void TestMainWindow::startsEmptyWithTitleAndReadyStatus()
+void TestMainWindow::startsEmptyWithTitleStatusAndFourMenus()
 {
     ModalWatcher watcher;
     MainWindow window({});
@@ -59,20 +44,19 @@ void TestMainWindow::startsEmptyWithTitleAndReadyStatus()
     QVERIFY(window.toolFactory());
     QVERIFY(FakeControl::instance()->createCalls.isEmpty());
     QVERIFY(watcher.seen.isEmpty());
+
+    QStringList titles;
+    for (int index = 0; QMenu *menu = window.menu(index); ++index) {
+        QCOMPARE(window.menuBar()->actions().at(index)->menu(), menu);
+        titles.append(menu->title());
+    }
+    QCOMPARE(titles, QStringList({"&File", "&Edit", "&View", "&Tools"}));
+    QCOMPARE(window.menuBar()->actions().size(), 4);
 }
 
-void TestMainWindow::menuBarHasFourMenusAndNoHelp()
+void TestMainWindow::shownFrameHasToolBarsTogglesStatusBarAndExits()
 {
-    MainWindow window({});
-    QCOMPARE(actionTexts(window.menuBar()->actions()),
-             QStringList({"&File", "&Edit", "&View", "&Tools"}));
-    for (int index = 0; index < 4; ++index)
-        QCOMPARE(window.menu(index), window.menuBar()->actions().at(index)->menu());
-    QCOMPARE(window.menu(4), nullptr);
-}
-
-void TestMainWindow::twoVisibleToolBarsHoldTheListedActions()
-{
+    MessageLog log;
     MainWindow window({});
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
@@ -93,31 +77,15 @@ void TestMainWindow::twoVisibleToolBarsHoldTheListedActions()
             visible.insert(bar->windowTitle(), bar->actions());
     }
     QCOMPARE(visible, expected);
-}
 
-void TestMainWindow::statusBarActionTogglesTheStatusBar()
-{
-    MessageLog log;
-    MainWindow window({});
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
-    QAction *action = MenuActionMan::instance()->findShellAction("VIEW > STATUS BAR");
+    QAction *statusBar = r->findShellAction("VIEW > STATUS BAR");
     QVERIFY(window.statusBar()->isVisible());
-
-    action->trigger();
+    statusBar->trigger();
     QVERIFY(!window.statusBar()->isVisible());
-    action->trigger();
+    statusBar->trigger();
     QVERIFY(window.statusBar()->isVisible());
-    QCOMPARE(log.count("Menu Item: onViewStatusBar."), 2);
-}
 
-void TestMainWindow::exitClosesTheWindow()
-{
-    MessageLog log;
-    MainWindow window({});
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
-    MenuActionMan::instance()->findShellAction("FILE > EXIT")->trigger();
+    r->findShellAction("FILE > EXIT")->trigger();
     QVERIFY(!window.isVisible());
     const qsizetype closeAll = log.messages.indexOf("Menu Item: onFileCloseAll.");
     QVERIFY(closeAll >= 0);
