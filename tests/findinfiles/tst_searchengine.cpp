@@ -11,6 +11,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <memory>
 #include <optional>
 #include <unistd.h>
 
@@ -90,9 +91,9 @@ class TestSearchEngine : public QObject
 
 private slots:
     void everyHitLineReadsBackToItsFileAndLine();
-    void stopEndsTheWorkerAndLeavesNoThread();
+    void endingARunningSearchLeavesNoThread_data();
+    void endingARunningSearchLeavesNoThread();
     void aSecondSearchReplacesTheFirst();
-    void destroyingARunningEngineLeavesNoThread();
     void invalidRegexEndsWithAnError();
     void hitsBeyondTheLimitAreCountedNotShown();
     void unreadableFileIsSkippedAndCounted();
@@ -130,27 +131,39 @@ void TestSearchEngine::everyHitLineReadsBackToItsFileAndLine()
     }
 }
 
-void TestSearchEngine::stopEndsTheWorkerAndLeavesNoThread()
+void TestSearchEngine::endingARunningSearchLeavesNoThread_data()
 {
+    QTest::addColumn<bool>("stop");
+    QTest::newRow("stop from the slot that shows the first batch") << true;
+    QTest::newRow("destroy the engine") << false;
+}
+
+void TestSearchEngine::endingARunningSearchLeavesNoThread()
+{
+    QFETCH(bool, stop);
     QTemporaryDir dir;
     writeManyHits(dir.filePath(QStringLiteral("many.txt")));
     const int threadsBefore = threadCount();
 
-    SearchEngine engine;
+    auto engine = std::make_unique<SearchEngine>();
     Collected collected;
-    collect(engine, collected);
-    // Stop as soon as the first batch shows, from the slot that shows it.
-    connect(&engine, &SearchEngine::hitsReady, &engine, [&engine] { engine.stop(); });
-    engine.start(optionsFor(dir.path(), QStringLiteral("needle")));
-    QVERIFY(engine.isRunning());
+    collect(*engine, collected);
+    if (stop)
+        connect(engine.get(), &SearchEngine::hitsReady, engine.get(),
+                [&engine] { engine->stop(); });
+    engine->start(optionsFor(dir.path(), QStringLiteral("needle")));
+    QVERIFY(engine->isRunning());
     QCOMPARE(threadCount(), threadsBefore + 1);
-    QTRY_COMPARE(collected.summaries.size(), 1);
-
-    QVERIFY(!engine.isRunning());
+    if (stop) {
+        QTRY_COMPARE(collected.summaries.size(), 1);
+        QVERIFY(!engine->isRunning());
+        QVERIFY(collected.summaries.first().cancelled);
+        QVERIFY(collected.lines.size() < 50000);
+        QCOMPARE(collected.summaries.first().hits, collected.lines.size());
+    } else {
+        engine.reset();
+    }
     QCOMPARE(threadCount(), threadsBefore);
-    QVERIFY(collected.summaries.first().cancelled);
-    QVERIFY(collected.lines.size() < 50000);
-    QCOMPARE(collected.summaries.first().hits, collected.lines.size());
 }
 
 void TestSearchEngine::aSecondSearchReplacesTheFirst()
@@ -177,19 +190,6 @@ void TestSearchEngine::aSecondSearchReplacesTheFirst()
     QCOMPARE(collected.lines.size(), fromFirst + 1);
     QCOMPARE(parseLikeThePane(collected.lines.last()).first,
              second.filePath(QStringLiteral("one.txt")));
-    QCOMPARE(threadCount(), threadsBefore);
-}
-
-void TestSearchEngine::destroyingARunningEngineLeavesNoThread()
-{
-    QTemporaryDir dir;
-    writeManyHits(dir.filePath(QStringLiteral("many.txt")));
-    const int threadsBefore = threadCount();
-    {
-        SearchEngine engine;
-        engine.start(optionsFor(dir.path(), QStringLiteral("needle")));
-        QCOMPARE(threadCount(), threadsBefore + 1);
-    }
     QCOMPARE(threadCount(), threadsBefore);
 }
 
@@ -249,9 +249,8 @@ void TestSearchEngine::unreadableFileIsSkippedAndCounted()
             QProcess child;
             QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
             env.insert(QString::fromLatin1(ChildDirVariable), root);
-            env.insert(QStringLiteral("HOME"), root);
-            env.insert(QStringLiteral("TMPDIR"), root);
-            env.insert(QStringLiteral("XDG_CONFIG_HOME"), root);
+            for (const char *name : {"HOME", "TMPDIR", "XDG_CONFIG_HOME"})
+                env.insert(QLatin1String(name), root);
             env.remove(QStringLiteral("XDG_RUNTIME_DIR"));
             child.setProcessEnvironment(env);
             child.setProcessChannelMode(QProcess::MergedChannels);
