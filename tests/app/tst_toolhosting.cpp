@@ -60,6 +60,7 @@ private Q_SLOTS:
     void init();
     void cleanup();
     void pluginLoadsFromProgramFolderWhateverTheCurrentDirectory();
+    void destructorDeletesFactory();
     void commandsAskTheFactory_data();
     void commandsAskTheFactory();
     void toolSignalsReachTheirSlots_data();
@@ -110,6 +111,15 @@ void TestToolHosting::pluginLoadsFromProgramFolderWhateverTheCurrentDirectory()
     QVERIFY(log.messages.contains("we get dll/so file " + QDir::cleanPath(path)));
     QVERIFY(log.messages.contains("libsedapp.so is Koru app tool Fake Tools"));
     QCOMPARE(FakeControl::instance()->factoriesMade, 1);
+}
+
+void TestToolHosting::destructorDeletesFactory()
+{
+    {
+        MainWindow window({});
+        QCOMPARE(FakeControl::instance()->factoriesDeleted, 0);
+    }
+    QCOMPARE(FakeControl::instance()->factoriesDeleted, 1);
 }
 
 void TestToolHosting::commandsAskTheFactory_data()
