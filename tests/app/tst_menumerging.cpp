@@ -56,6 +56,7 @@ private Q_SLOTS:
     void toolActionsFollowAPlaceholder_data();
     void toolActionsFollowAPlaceholder();
     void oddRecordsAreSkippedOrWarned();
+    void toolWithoutConnectionListIsHosted();
 
 private:
     QAction *m_extraShell = nullptr;
@@ -207,6 +208,16 @@ void TestMenuMerging::oddRecordsAreSkippedOrWarned()
     window.onNewFile();
     QVERIFY(!fallback->isEnabled());
     fallback->setEnabled(true);
+}
+
+void TestMenuMerging::toolWithoutConnectionListIsHosted()
+{
+    FakeControl::instance()->configure = [](FakeTool *tool, const QStringList &) {
+        tool->publishConnections = false;
+    };
+    MainWindow window({"/tmp/a.c"});
+    window.onOpenFile("/tmp/b.c", 1);
+    QCOMPARE(window.tools().size(), 2);
 }
 
 QTEST_MAIN(TestMenuMerging)
