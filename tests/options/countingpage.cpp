@@ -9,18 +9,15 @@ CountingPage::CountingPage(const QString &name, QStringList *journal)
 
 void CountingPage::refreshPage()
 {
-    ++refreshed;
     m_journal->append(QStringLiteral("refresh ") + name);
 }
 
 void CountingPage::applyPage()
 {
-    ++applied;
     m_journal->append(QStringLiteral("apply ") + name);
 }
 
 void CountingPage::restoreDefaults()
 {
-    ++restored;
     m_journal->append(QStringLiteral("default ") + name);
 }

@@ -4,8 +4,8 @@
 
 #include <QStringList>
 
-// An option page that counts the dialog's calls and logs them, in order, to a
-// journal shared by all pages of a test.
+// An option page that logs the dialog's calls, in order, to a journal shared
+// by all pages of a test.
 class CountingPage : public OptWidget
 {
     Q_OBJECT
@@ -18,9 +18,6 @@ public:
     void restoreDefaults() override;
 
     QString name;
-    int refreshed = 0;
-    int applied = 0;
-    int restored = 0;
 
 private:
     QStringList *m_journal;
