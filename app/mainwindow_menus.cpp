@@ -8,71 +8,72 @@
 
 namespace {
 
-void warnMissingAction(const char *key)
+// One connection record with its action found: the tool on one side, the
+// shared action on the other.
+struct ActionLink
 {
-    qWarning("MainWindow::registerToolMenuItems: Cannot get menu action %s.", key);
+    QObject *sender;
+    const char *signal;
+    QObject *receiver;
+    const char *slot;
+    QAction *action;
+    bool toolDrivesAction;
+};
+
+// The tool's records as links. A record with both keys set is skipped; a
+// name that resolves to no action is reported and skipped.
+QList<ActionLink> actionLinks(QWidget *tool, const QList<Connection *> &records)
+{
+    MenuActionMan *registry = MenuActionMan::instance();
+    QList<ActionLink> links;
+    for (const Connection *record : records) {
+        if (record->senderKey && record->receiverKey)
+            continue;
+        const bool toolDrivesAction = !record->senderKey;
+        const char *key = toolDrivesAction ? record->receiverKey : record->senderKey;
+        QAction *action = registry->findActionByName(key);
+        if (!action) {
+            qWarning("MainWindow::registerToolMenuItems: Cannot get menu action %s.", key);
+            continue;
+        }
+        if (toolDrivesAction)
+            links.append({tool, record->signal, action, record->slot, action, true});
+        else
+            links.append({action, record->signal, tool, record->slot, action, false});
+    }
+    return links;
+}
+
+QList<Connection *> *connectionRecords(QWidget *tool)
+{
+    auto *hubTool = dynamic_cast<HubGUITool *>(tool);
+    return hubTool ? hubTool->getConnectionList() : nullptr;
 }
 
 } // namespace
 
 void MainWindow::registerToolMenuItems(QWidget *tool)
 {
-    auto *hubTool = dynamic_cast<HubGUITool *>(tool);
-    if (!hubTool)
-        return;
-    QList<Connection *> *records = hubTool->getConnectionList();
+    const QList<Connection *> *records = connectionRecords(tool);
     if (!records)
         return;
-    MenuActionMan *registry = MenuActionMan::instance();
-    const QList<Connection *> copy = *records;
-    for (const Connection *record : copy) {
-        if (!record->senderKey) {
-            QAction *action = registry->findActionByName(record->receiverKey);
-            if (!action) {
-                warnMissingAction(record->receiverKey);
-                continue;
-            }
-            QObject::disconnect(tool, record->signal, action, record->slot);
-            action->setEnabled(false);
-        } else if (!record->receiverKey) {
-            QAction *action = registry->findActionByName(record->senderKey);
-            if (!action) {
-                warnMissingAction(record->senderKey);
-                continue;
-            }
-            QObject::disconnect(action, record->signal, tool, record->slot);
-        }
+    // Only the actions the tool drove lose their state with it; actions that
+    // call into the tool keep theirs.
+    for (const ActionLink &link : actionLinks(tool, *records)) {
+        QObject::disconnect(link.sender, link.signal, link.receiver, link.slot);
+        if (link.toolDrivesAction)
+            link.action->setEnabled(false);
     }
 }
 
 void MainWindow::registerSharedMenus(QWidget *tool)
 {
-    auto *hubTool = dynamic_cast<HubGUITool *>(tool);
-    if (!hubTool)
-        return;
-    QList<Connection *> *records = hubTool->getConnectionList();
+    const QList<Connection *> *records = connectionRecords(tool);
     if (!records)
         return;
-    MenuActionMan *registry = MenuActionMan::instance();
     qDebug("MainWindow::registerSharedMenus");
-    const QList<Connection *> copy = *records;
-    for (const Connection *record : copy) {
-        if (!record->senderKey) {
-            QAction *action = registry->findActionByName(record->receiverKey);
-            if (!action) {
-                warnMissingAction(record->receiverKey);
-                continue;
-            }
-            QObject::connect(tool, record->signal, action, record->slot, Qt::AutoConnection);
-        } else if (!record->receiverKey) {
-            QAction *action = registry->findActionByName(record->senderKey);
-            if (!action) {
-                warnMissingAction(record->senderKey);
-                continue;
-            }
-            QObject::connect(action, record->signal, tool, record->slot, Qt::AutoConnection);
-        }
-    }
+    for (const ActionLink &link : actionLinks(tool, *records))
+        QObject::connect(link.sender, link.signal, link.receiver, link.slot, Qt::AutoConnection);
 }
 
 void MainWindow::rebuildMenu(QMenu *menu, int index)
