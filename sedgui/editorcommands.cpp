@@ -229,19 +229,15 @@ void EditorCommands::toLowerCase(QsciScintilla *editor)
 
 void EditorCommands::indentLines(QsciScintilla *editor)
 {
-    if (editor->isReadOnly()) {
-        return;
-    }
-    qint64 first = 0;
-    qint64 last = 0;
-    selectedLines(editor, &first, &last);
-    UndoStep undo(editor);
-    for (qint64 l = first; l <= last; ++l) {
-        editor->indent(int(l));
-    }
+    shiftLines(editor, true);
 }
 
 void EditorCommands::unindentLines(QsciScintilla *editor)
+{
+    shiftLines(editor, false);
+}
+
+void EditorCommands::shiftLines(QsciScintilla *editor, bool indent)
 {
     if (editor->isReadOnly()) {
         return;
@@ -251,7 +247,10 @@ void EditorCommands::unindentLines(QsciScintilla *editor)
     selectedLines(editor, &first, &last);
     UndoStep undo(editor);
     for (qint64 l = first; l <= last; ++l) {
-        editor->unindent(int(l));
+        if (indent)
+            editor->indent(int(l));
+        else
+            editor->unindent(int(l));
     }
 }
 

@@ -52,6 +52,8 @@ private:
     // of a line does not take that line in.
     static void selectedLines(QsciScintilla *editor, qint64 *first, qint64 *last);
     static void changeCase(QsciScintilla *editor, bool upper);
+    // Indents (or unindents) the selected lines, or the caret's, in one undo step.
+    static void shiftLines(QsciScintilla *editor, bool indent);
 };
 
 } // namespace koru::sedgui
