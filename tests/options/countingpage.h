@@ -11,13 +11,18 @@ class CountingPage : public OptWidget
     Q_OBJECT
 
 public:
-    CountingPage(const QString &name, QStringList *journal);
+    CountingPage(const QString &name, QStringList *journal)
+        : m_journal(journal)
+    {
+        setObjectName(name);
+    }
 
-    void refreshPage() override;
-    void applyPage() override;
-    void restoreDefaults() override;
-
-    QString name;
+    void refreshPage() override { m_journal->append(QStringLiteral("refresh ") + objectName()); }
+    void applyPage() override { m_journal->append(QStringLiteral("apply ") + objectName()); }
+    void restoreDefaults() override
+    {
+        m_journal->append(QStringLiteral("default ") + objectName());
+    }
 
 private:
     QStringList *m_journal;
