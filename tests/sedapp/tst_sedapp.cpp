@@ -3,6 +3,7 @@
 #include "sedgui.h"
 #include "templatetree.h"
 
+#include <QDir>
 #include <QFile>
 #include <QPluginLoader>
 #include <QTemporaryDir>
@@ -35,18 +36,19 @@ class TestSedApp : public QObject
 private Q_SLOTS:
     void initTestCase();
     void cleanup();
-    void newDocument();
-    void openAtLine();
-    void alreadyOpenPathReturnsItsTool();
+    void newDocumentEachTime();
+    void openAtLineThenFindItAgain();
     void unopenableFileIsRefused_data();
     void unopenableFileIsRefused();
     void startUpCommandLineQueuesTheOtherFiles();
 
 private:
-    QWidget *create(const QStringList &args);
-    QString write(const QString &name, const QByteArray &bytes);
+    SedGUI *create(const QStringList &args, QString *error = nullptr)
+    {
+        return qobject_cast<SedGUI *>(m_app->createTool(&m_window, 0, args, error, 0));
+    }
 
-    QPluginLoader m_loader;
+    QPluginLoader m_loader{QStringLiteral(SEDAPP_PLUGIN_PATH)}; // the real plug-in
     hubAppInterface *m_app = nullptr;
     QTemporaryDir m_dir;
     FakeMainWindow m_window;
@@ -54,11 +56,8 @@ private:
 
 void TestSedApp::initTestCase()
 {
-    // The real plug-in, from the build tree, as the shell loads it.
-    m_loader.setFileName(QStringLiteral(SEDAPP_PLUGIN_PATH));
-    QVERIFY2(m_loader.load(), qPrintable(m_loader.errorString()));
     m_app = qobject_cast<hubAppInterface *>(m_loader.instance());
-    QVERIFY(m_app);
+    QVERIFY2(m_app, qPrintable(m_loader.errorString()));
     QVERIFY(m_dir.isValid());
 }
 
@@ -68,86 +67,62 @@ void TestSedApp::cleanup()
     m_window.requests.clear();
 }
 
-QWidget *TestSedApp::create(const QStringList &args)
+void TestSedApp::newDocumentEachTime()
 {
-    QString error;
-    return m_app->createTool(&m_window, 0, args, &error, 0);
-}
-
-QString TestSedApp::write(const QString &name, const QByteArray &bytes)
-{
-    const QString path = m_dir.filePath(name);
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        qFatal("cannot write %s", qPrintable(path));
-    return path;
-}
-
-void TestSedApp::newDocument()
-{
-    QWidget *tool = create({});
-    auto *editor = qobject_cast<SedGUI *>(tool);
-    QVERIFY(editor);
-    QVERIFY(editor->getFileName().isEmpty());
-    QVERIFY(editor->getTabText().startsWith(QStringLiteral("Untitled ")));
+    SedGUI *tool = create({});
+    QVERIFY(tool);
+    QVERIFY(tool->getFileName().isEmpty());
+    QVERIFY(tool->getTabText().startsWith(QStringLiteral("Untitled ")));
     QVERIFY(create({}) != tool);
 }
 
-void TestSedApp::openAtLine()
+void TestSedApp::openAtLineThenFindItAgain()
 {
-    const QString path = write("lines.py", QByteArray("x = 1\n").repeated(100));
+    const QString path = m_dir.filePath(QStringLiteral("lines.txt"));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(QByteArray("x\n").repeated(100)) == 200);
+    file.close();
+    const auto cursorLine = [](SedGUI *tool) {
+        int line = 0, index = 0;
+        tool->editor()->getCursorPosition(&line, &index);
+        return line + 1;
+    };
 
-    auto *tool =
-        qobject_cast<SedGUI *>(create({path, QStringLiteral("-line"), QStringLiteral("40")}));
+    SedGUI *tool = create({path, QStringLiteral("-line"), QStringLiteral("40")});
     QVERIFY(tool);
     QCOMPARE(tool->getFileName(), path);
-    QCOMPARE(tool->languageName(), QStringLiteral("Python"));
-    int line = 0;
-    int index = 0;
-    tool->editor()->getCursorPosition(&line, &index);
-    QCOMPARE(line, 39);
-}
-
-void TestSedApp::alreadyOpenPathReturnsItsTool()
-{
-    const QString path = write("same.txt", "one\ntwo\n");
-    QWidget *first = create({path});
-    QVERIFY(first);
-    QCOMPARE(create({path}), first);
-    // Another spelling of the same file, and open-at-line, find it too.
-    QCOMPARE(create({m_dir.path() + QStringLiteral("/./same.txt")}), first);
-    QCOMPARE(create({path, QStringLiteral("-line"), QStringLiteral("2")}), first);
+    QCOMPARE(cursorLine(tool), 40);
+    // The file, however spelt, is the tool already open; a line moves its cursor.
+    QCOMPARE(create({path}), tool);
+    QCOMPARE(cursorLine(tool), 40);
+    QCOMPARE(create({m_dir.path() + QStringLiteral("/./lines.txt:2")}), tool);
+    QCOMPARE(cursorLine(tool), 2);
     QCOMPARE(TemplateTree::Instance()->documents().size(), 1);
 }
 
+// The row's tag is what the message must name.
 void TestSedApp::unopenableFileIsRefused_data()
 {
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("reason");
-
-    QTest::newRow("directory") << QString() << "directory";
-    QTest::newRow("fifo") << QStringLiteral("fifo") << "FIFO";
-    QTest::newRow("device") << QStringLiteral("/dev/zero") << "device";
+    QTest::addColumn<QString>("name"); // in the temporary folder, or an absolute path
+    QTest::newRow("directory") << ".";
+    QTest::newRow("fifo") << "fifo";
+    QTest::newRow("device") << "/dev/zero";
 }
 
 void TestSedApp::unopenableFileIsRefused()
 {
-    QFETCH(QString, path);
-    QFETCH(QString, reason);
-    if (path.isEmpty()) {
-        path = m_dir.path();
-    } else if (path == QLatin1String("fifo")) {
-        path = m_dir.filePath(QStringLiteral("fifo"));
+    QFETCH(QString, name);
+    const QString path = QDir::cleanPath(QDir(m_dir.path()).filePath(name));
+    if (name == QLatin1String("fifo"))
         QVERIFY(::mkfifo(QFile::encodeName(path).constData(), 0600) == 0);
-    }
+    const QString reason = QString::fromLatin1(QTest::currentDataTag());
 
     PromptRecorder prompts;
     QString error;
-    QVERIFY(!m_app->createTool(&m_window, 0, {path}, &error, 0));
+    QVERIFY(!create({path}, &error));
     QCOMPARE(prompts.asked.size(), 1);
     const QString text = prompts.asked.first().text;
-    QVERIFY2(text.contains(path), qPrintable(text));
-    QVERIFY2(text.contains(reason, Qt::CaseInsensitive), qPrintable(text));
+    QVERIFY2(text.contains(path) && text.contains(reason, Qt::CaseInsensitive), qPrintable(text));
     QCOMPARE(error, text);
     QVERIFY(TemplateTree::Instance()->documents().isEmpty());
 }
@@ -157,15 +132,13 @@ void TestSedApp::startUpCommandLineQueuesTheOtherFiles()
     const QString first = m_dir.filePath(QStringLiteral("first.txt"));
     const QString second = m_dir.filePath(QStringLiteral("second.txt"));
     const QString third = m_dir.filePath(QStringLiteral("third.txt"));
-    auto *tool = qobject_cast<SedGUI *>(
-        create({first, QStringLiteral("+5"), second, third + QStringLiteral(":9")}));
+    SedGUI *tool = create({first, QStringLiteral("+5"), second, third + QStringLiteral(":9")});
     QVERIFY(tool);
     QCOMPARE(tool->getFileName(), first);
     // Queued: the shell adds the first tool before the others arrive.
     QVERIFY(m_window.requests.isEmpty());
     QTRY_COMPARE(m_window.requests.size(), 2);
-    QCOMPARE(m_window.requests.at(0), std::make_pair(second, 5));
-    QCOMPARE(m_window.requests.at(1), std::make_pair(third, 9));
+    QCOMPARE(m_window.requests, (QList<std::pair<QString, int>>{{second, 5}, {third, 9}}));
 }
 
 QTEST_MAIN(TestSedApp)
