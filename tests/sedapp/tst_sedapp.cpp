@@ -129,16 +129,15 @@ void TestSedApp::unopenableFileIsRefused()
 
 void TestSedApp::startUpCommandLineQueuesTheOtherFiles()
 {
-    const QString first = m_dir.filePath(QStringLiteral("first.txt"));
-    const QString second = m_dir.filePath(QStringLiteral("second.txt"));
-    const QString third = m_dir.filePath(QStringLiteral("third.txt"));
-    SedGUI *tool = create({first, QStringLiteral("+5"), second, third + QStringLiteral(":9")});
+    const QString dir = m_dir.path() + u'/';
+    SedGUI *tool = create({dir + "first.txt", "+5", dir + "second.txt", dir + "third.txt:9"});
     QVERIFY(tool);
-    QCOMPARE(tool->getFileName(), first);
+    QCOMPARE(tool->getFileName(), dir + "first.txt");
     // Queued: the shell adds the first tool before the others arrive.
     QVERIFY(m_window.requests.isEmpty());
     QTRY_COMPARE(m_window.requests.size(), 2);
-    QCOMPARE(m_window.requests, (QList<std::pair<QString, int>>{{second, 5}, {third, 9}}));
+    QCOMPARE(m_window.requests,
+             (QList<std::pair<QString, int>>{{dir + "second.txt", 5}, {dir + "third.txt", 9}}));
 }
 
 QTEST_MAIN(TestSedApp)
