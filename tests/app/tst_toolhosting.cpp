@@ -65,11 +65,13 @@ private Q_SLOTS:
     void commandsAskTheFactory();
     void toolSignalsReachTheirSlots_data();
     void toolSignalsReachTheirSlots();
+    void openThreeFilesFromOneDialog_data();
     void openThreeFilesFromOneDialog();
     void requestsThatYieldNoToolAddNothing_data();
     void requestsThatYieldNoToolAddNothing();
     void openPathOfOpenToolBringsItsTabToFront();
     void switchingToolsMovesActionLinks();
+    void closingAnEarlierTabKeepsTheCurrentToolWiredOnce();
     void titleAndWorkingDirectoryFollowCurrentTab();
     void closingLastToolResetsTitleAndDisablesToolActions();
     void closeAllAndSaveAllReachEveryTool();
@@ -211,8 +213,18 @@ void TestToolHosting::toolSignalsReachTheirSlots()
     }
 }
 
+void TestToolHosting::openThreeFilesFromOneDialog_data()
+{
+    // The dialog is driven through its field and button wherever focus is.
+    QTest::addColumn<QString>("focus");
+    QTest::newRow("focus in the file name field") << "fileNameEdit";
+    QTest::newRow("focus in the file list") << "listView";
+    QTest::newRow("focus left alone") << "";
+}
+
 void TestToolHosting::openThreeFilesFromOneDialog()
 {
+    QFETCH(QString, focus);
     QTemporaryDir dir;
     const QStringList paths{touch(dir, "b.txt"), touch(dir, "c.txt"), touch(dir, "a.txt")};
     QVERIFY(QDir::setCurrent(dir.path()));
@@ -221,17 +233,22 @@ void TestToolHosting::openThreeFilesFromOneDialog()
     ModalWatcher watcher;
     QString startDir;
     QStringList filters;
+    bool chosen = false;
     watcher.handler = [&](QWidget *modal) {
         auto *dialog = qobject_cast<QFileDialog *>(modal);
         if (!dialog)
             return;
         startDir = dialog->directory().absolutePath();
         filters = dialog->nameFilters();
-        dialog->selectFile(R"("b.txt" "c.txt" "a.txt")");
-        QMetaObject::invokeMethod(dialog, "accept");
+        if (QWidget *target = dialog->findChild<QWidget *>(focus); target && !focus.isEmpty())
+            target->setFocus();
+        chosen = ModalWatcher::chooseFiles(dialog, R"("b.txt" "c.txt" "a.txt")");
+        if (!chosen)
+            dialog->reject();
     };
     shellAction("FILE > OPEN")->trigger();
 
+    QVERIFY(chosen);
     QCOMPARE(watcher.seen.size(), 1);
     QCOMPARE(watcher.seen.first().title, QStringLiteral("Open File"));
     QCOMPARE(startDir, QDir(dir.path()).absolutePath());
@@ -324,6 +341,31 @@ void TestToolHosting::switchingToolsMovesActionLinks()
     copy->trigger();
     QCOMPARE(b->commandsReceived.value("onCommand"), 1);
     QCOMPARE(a->commandsReceived.value("onCommand"), 0);
+}
+
+void TestToolHosting::closingAnEarlierTabKeepsTheCurrentToolWiredOnce()
+{
+    // The current index changes while the tool in front stays: its links
+    // are dropped and made again, never doubled, never lost.
+    FakeControl::instance()->configure = [](FakeTool *tool, const QStringList &) {
+        tool->addConnection(nullptr, "2stateChanged(bool)", "COPY", "1setEnabled(bool)");
+        tool->addConnection("Copy", "2triggered()", nullptr, "1onCommand()");
+    };
+    MainWindow window({"/tmp/a.c"});
+    FakeTool *a = fake(window.currentTool());
+    window.onOpenFile("/tmp/b.c", 1);
+    FakeTool *b = fake(window.currentTool());
+    emit a->sigToolClose(a);
+    QCOMPARE(window.tabWidget()->currentIndex(), 0);
+    QCOMPARE(window.currentTool(), b);
+
+    QAction *copy = toolAction("EDIT > COPY");
+    emit b->stateChanged(false);
+    QVERIFY(!copy->isEnabled());
+    emit b->stateChanged(true);
+    QVERIFY(copy->isEnabled());
+    copy->trigger();
+    QCOMPARE(b->commandsReceived.value("onCommand"), 1);
 }
 
 void TestToolHosting::titleAndWorkingDirectoryFollowCurrentTab()

@@ -4,25 +4,52 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPointer>
-#include <QTimer>
+#include <QPushButton>
 
 ModalWatcher::ModalWatcher(QObject *parent)
     : QObject(parent)
 {
-    auto *timer = new QTimer(this);
-    timer->setInterval(10);
-    connect(timer, &QTimer::timeout, this, &ModalWatcher::poll);
-    timer->start();
+    qApp->installEventFilter(this);
 }
 
-void ModalWatcher::poll()
+bool ModalWatcher::chooseFiles(QFileDialog *dialog, const QString &names)
 {
-    QWidget *modal = QApplication::activeModalWidget();
-    if (!modal || !modal->isVisible() || modal == m_lastHandled)
+    auto *field = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+    auto *buttons = dialog->findChild<QDialogButtonBox *>(QStringLiteral("buttonBox"));
+    if (!field || !buttons || buttons->buttons().isEmpty())
+        return false;
+    field->setText(names);
+    QPushButton *accept = buttons->button(QDialogButtonBox::Open);
+    if (!accept)
+        accept = buttons->button(QDialogButtonBox::Save);
+    if (!accept || !accept->isEnabled())
+        return false;
+    accept->click();
+    return true;
+}
+
+bool ModalWatcher::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Show && watched->isWidgetType()) {
+        auto *widget = static_cast<QWidget *>(watched);
+        // Handled from the dialog's own event loop, once exec() has started.
+        if (widget->isWindow() && widget->isModal())
+            QMetaObject::invokeMethod(
+                this, [this, guard = QPointer<QWidget>(widget)] { handle(guard); },
+                Qt::QueuedConnection);
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void ModalWatcher::handle(QWidget *modal)
+{
+    if (!modal || !modal->isVisible())
         return;
-    m_lastHandled = modal;
     Seen entry;
     entry.className = QString::fromLatin1(modal->metaObject()->className());
     entry.title = modal->windowTitle();
@@ -31,13 +58,8 @@ void ModalWatcher::poll()
     entry.messagesBefore = MessageLog::current() ? MessageLog::current()->messages.size() : -1;
     seen.append(entry);
 
-    const QPointer<QWidget> guard(modal);
     if (handler)
         handler(modal);
     else if (auto *dialog = qobject_cast<QDialog *>(modal))
         dialog->reject();
-    // A dialog left open may be handled again once it was replaced.
-    if (guard && guard->isVisible())
-        return;
-    m_lastHandled = nullptr;
 }

@@ -6,12 +6,13 @@
 
 #include <functional>
 
+class QFileDialog;
 class QWidget;
 
-// Keeps modal dialogs from blocking a test: while it exists it looks for the
-// application's active modal widget every few milliseconds, records its class,
-// title and text, and then hands it to the handler (which may accept it,
-// fill it in, or leave it open) or, without a handler, rejects it.
+// Keeps modal dialogs from blocking a test: while it exists, every modal
+// window that is shown is recorded (class, title, text) and, once its own
+// event loop runs, handed to the handler (which may accept it, fill it in, or
+// leave it open) or, without a handler, rejected.
 class ModalWatcher : public QObject
 {
     Q_OBJECT
@@ -27,11 +28,16 @@ public:
 
     explicit ModalWatcher(QObject *parent = nullptr);
 
+    // Types names into the dialog's file-name field, as a user would (one
+    // name, or several each in double quotes), and presses its accept button.
+    static bool chooseFiles(QFileDialog *dialog, const QString &names);
+
     std::function<void(QWidget *)> handler;
     QList<Seen> seen;
 
-private:
-    void poll();
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
-    QWidget *m_lastHandled = nullptr;
+private:
+    void handle(QWidget *modal);
 };
