@@ -15,5 +15,5 @@ function(add_editor_test name)
              COMMAND "${PROJECT_SOURCE_DIR}/tests/isolated.sh" $<TARGET_FILE:${name}>)
     set_tests_properties(${name} PROPERTIES
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen;SE_SOURCE_DIR=${PROJECT_SOURCE_DIR}"
-        TIMEOUT 300)
+        TIMEOUT 60)
 endfunction()
