@@ -16,9 +16,11 @@ rm -f "$shots"/*.png
 
 tmp=$(mktemp -d "${TMPDIR:-/tmp}/se-smoke.XXXXXX")
 xvfb_pid=""
+wm_pid=""
 editor_pid=""
 cleanup() {
     [[ -n $editor_pid ]] && kill "$editor_pid" 2>/dev/null || true
+    [[ -n $wm_pid ]] && kill "$wm_pid" 2>/dev/null || true
     [[ -n $xvfb_pid ]] && kill "$xvfb_pid" 2>/dev/null || true
     rm -rf "$tmp"
 }
@@ -77,6 +79,13 @@ exec 3>&-
 wait_for 10 test -s "$tmp/display" || fail "Xvfb did not start: $(cat "$tmp/xvfb.log")"
 export DISPLAY=":$(cat "$tmp/display")"
 
+# A window manager, as on a desktop: it gives the window focus, so that
+# window-wide shortcuts reach it. Ready once it announces itself on the root.
+HOME="$home" XDG_CONFIG_HOME="$home/.config" openbox --sm-disable >"$tmp/wm.log" 2>&1 &
+wm_pid=$!
+wm_ready() { xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; }
+wait_for 10 wm_ready || fail "the window manager did not start: $(cat "$tmp/wm.log")"
+
 # The desktop entry's command, %F replaced by the two files.
 read -r -a command <<<"${exec_line/\%F/}"
 (
@@ -109,8 +118,9 @@ if ! wait_for 20 find_window "$titles"; then
 fi
 title=$(xdotool getwindowname "$window")
 echo "smoke: window $window titled $title"
-xdotool windowfocus --sync "$window"
-sleep 0.5
+xdotool windowactivate --sync "$window"
+active() { [[ $(xdotool getactivewindow 2>/dev/null) == "$window" ]]; }
+wait_for 10 active || fail "the window manager did not activate the window"
 shot 01-started
 
 # Edit the file in front: append a line at the end, save with the standard key.
