@@ -14,6 +14,8 @@ class TestClosing : public QObject
 
 private Q_SLOTS:
     void init();
+    void closeCommandTrace_data();
+    void closeCommandTrace();
     void windowClosesWhenNoToolRefuses_data();
     void windowClosesWhenNoToolRefuses();
     void aRefusingToolKeepsTheWindowOpen();
@@ -24,6 +26,28 @@ private Q_SLOTS:
 void TestClosing::init()
 {
     FakeControl::instance()->reset();
+}
+
+void TestClosing::closeCommandTrace_data()
+{
+    QTest::addColumn<QString>("front");
+    QTest::addColumn<int>("traces");
+    QTest::newRow("no tab") << "none" << 1;
+    QTest::newRow("a tool") << "tool" << 1;
+    QTest::newRow("a widget that is no tool") << "widget" << 0;
+}
+
+void TestClosing::closeCommandTrace()
+{
+    QFETCH(QString, front);
+    QFETCH(int, traces);
+    MainWindow window(front == "tool" ? QStringList{"/tmp/a.c"} : QStringList());
+    if (front == "widget")
+        window.tabWidget()->addTab(new QWidget, "plain");
+    MessageLog log;
+    window.onFileClose();
+    QCOMPARE(log.count("Menu Item: onFileClose."), traces);
+    QCOMPARE(window.tabWidget()->count(), front == "widget" ? 1 : 0);
 }
 
 void TestClosing::windowClosesWhenNoToolRefuses_data()

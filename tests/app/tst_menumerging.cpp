@@ -53,10 +53,9 @@ private Q_SLOTS:
     void menusFromTheCatalogue();
     void openingTwiceKeepsOneCopyOfEachSubMenu();
     void subMenuShowsNoSeparators();
-    void toolActionsFollowAPlaceholder_data();
-    void toolActionsFollowAPlaceholder();
     void oddRecordsAreSkippedOrWarned();
-    void toolWithoutConnectionListIsHosted();
+    void toolWithoutConnectionListIsHostedUnwired_data();
+    void toolWithoutConnectionListIsHostedUnwired();
 
 private:
     QAction *m_extraShell = nullptr;
@@ -73,6 +72,11 @@ void TestMenuMerging::initTestCase()
     extras->addItem(new MenuName("Separator", Separator));
     m_extraTool = new QAction("Tool Extra", registry);
     registry->registerAction("TWO", m_extraTool, ToolAction, MenuActionMan::ToolsMenu, extras);
+    // Placeholders where the tool has no say, and an item after Edit's.
+    registry->addPlaceholder(MenuActionMan::FileMenu);
+    registry->addPlaceholder(MenuActionMan::ToolsMenu);
+    registry->registerAction("AFTER", new QAction("After", registry), ShellAction,
+                             MenuActionMan::EditMenu);
 }
 
 void TestMenuMerging::init()
@@ -84,29 +88,55 @@ void TestMenuMerging::init()
 void TestMenuMerging::menusFromTheCatalogue_data()
 {
     QTest::addColumn<int>("index");
+    QTest::addColumn<QString>("tool");
     QTest::addColumn<QStringList>("expected");
 
-    QTest::newRow("file") << 0
-                          << split(
-                                 "New|Open|-|Close|Close All|-|Save|Save As|Save All|-|Page Setup|"
-                                 "Print Preview|Print|-|-|Exit");
-    QTest::newRow("edit") << 1
-                          << split("Undo|Redo|-|Cut|Copy|Paste|-|Find|Find Next|Replace|"
-                                   "Find in Files...|Go To|-|Clear|Select All");
-    QTest::newRow("view") << 2 << split("Status Bar");
-    QTest::newRow("tools") << 3 << split("Option...|[EXTRAS]");
+    const QStringList file = split("New|Open|-|Close|Close All|-|Save|Save As|Save All|-|"
+                                   "Page Setup|Print Preview|Print|-|-|Exit");
+    const QString edit = "Undo|Redo|-|Cut|Copy|Paste|-|Find|Find Next|Replace|"
+                         "Find in Files...|Go To|-|Clear|Select All";
+    QTest::newRow("file") << 0 << "none" << file;
+    QTest::newRow("edit") << 1 << "none" << split(qPrintable(edit + "|After"));
+    QTest::newRow("view") << 2 << "none" << split("Status Bar");
+    QTest::newRow("tools") << 3 << "none" << split("Option...|[EXTRAS]");
+    // The tool offers actions for every menu: only Edit and View take them,
+    // at the placeholder, before what follows it.
+    QTest::newRow("file, tool") << 0 << "offering" << file;
+    QTest::newRow("edit, tool") << 1 << "offering"
+                                << split(qPrintable(edit + "|-|Comment|Indent|After"));
+    QTest::newRow("view, tool") << 2 << "offering" << split("Status Bar|-|Wrap");
+    QTest::newRow("tools, tool") << 3 << "offering" << split("Option...|[EXTRAS]");
+    QTest::newRow("edit, tool offers none: no separator")
+        << 1 << "silent" << split(qPrintable(edit + "|After"));
+    QTest::newRow("view, tool offers none") << 2 << "silent" << split("Status Bar");
 }
 
 void TestMenuMerging::menusFromTheCatalogue()
 {
     QFETCH(int, index);
+    QFETCH(QString, tool);
     QFETCH(QStringList, expected);
 
-    MainWindow window({});
+    QAction comment("Comment");
+    QAction indent("Indent");
+    QAction wrap("Wrap");
+    QAction stray("Stray");
+    if (tool == "offering") {
+        FakeControl::instance()->configure = [&](FakeTool *fake, const QStringList &) {
+            fake->menuActions = {
+                {0, {&stray}}, {1, {&comment, &indent}}, {2, {&wrap}}, {3, {&stray}}};
+        };
+    }
+    MainWindow window(tool == "none" ? QStringList() : QStringList{"/tmp/a.c"});
     QMenu *menu = window.menu(index);
-    QVERIFY(menu->actions().isEmpty());
+    if (tool == "none")
+        QVERIFY(menu->actions().isEmpty()); // built when first shown
     emit menu->aboutToShow();
     QCOMPARE(texts(menu), expected);
+    if (FakeTool *fake = FakeControl::instance()->liveTools().value(0)) {
+        for (int asked : std::as_const(fake->menuActionRequests))
+            QVERIFY2(asked == 1 || asked == 2, "only Edit and View ask the tool");
+    }
 }
 
 void TestMenuMerging::openingTwiceKeepsOneCopyOfEachSubMenu()
@@ -130,48 +160,6 @@ void TestMenuMerging::subMenuShowsNoSeparators()
     QMenu *extras = window.menu(3)->findChild<QMenu *>("EXTRAS");
     QVERIFY(extras);
     QCOMPARE(extras->actions(), QList<QAction *>({m_extraShell, m_extraTool}));
-}
-
-void TestMenuMerging::toolActionsFollowAPlaceholder_data()
-{
-    QTest::addColumn<int>("index");
-    QTest::addColumn<bool>("toolHasActions");
-    QTest::addColumn<QStringList>("tail");
-
-    QTest::newRow("edit") << 1 << true << split("Clear|Select All|-|Comment|Indent");
-    QTest::newRow("view") << 2 << true << split("Status Bar|-|Wrap");
-    QTest::newRow("edit, no tool actions, no separator") << 1 << false << split("Clear|Select All");
-    QTest::newRow("view, no tool actions, no separator") << 2 << false << split("Status Bar");
-}
-
-void TestMenuMerging::toolActionsFollowAPlaceholder()
-{
-    QFETCH(int, index);
-    QFETCH(bool, toolHasActions);
-    QFETCH(QStringList, tail);
-
-    QAction comment("Comment");
-    QAction indent("Indent");
-    QAction wrap("Wrap");
-    if (toolHasActions) {
-        FakeControl::instance()->configure = [&](FakeTool *tool, const QStringList &) {
-            tool->editActions = {&comment, &indent};
-            tool->viewActions = {&wrap};
-        };
-    }
-    MainWindow window({"/tmp/a.c"});
-    FakeTool *tool = FakeControl::instance()->liveTools().value(0);
-    QVERIFY(tool);
-    tool->menuActionRequests.clear();
-    for (int menu = 0; menu < 5; ++menu)
-        QMetaObject::invokeMethod(&window, "updateMenu");
-
-    const QStringList shown = texts(window.menu(index));
-    QCOMPARE(shown.mid(shown.size() - tail.size()), tail);
-    // Only the Edit and View placeholders ask the tool.
-    for (int asked : std::as_const(tool->menuActionRequests))
-        QVERIFY(asked == 1 || asked == 2);
-    QVERIFY(tool->menuActionRequests.contains(index));
 }
 
 void TestMenuMerging::oddRecordsAreSkippedOrWarned()
@@ -210,14 +198,30 @@ void TestMenuMerging::oddRecordsAreSkippedOrWarned()
     fallback->setEnabled(true);
 }
 
-void TestMenuMerging::toolWithoutConnectionListIsHosted()
+void TestMenuMerging::toolWithoutConnectionListIsHostedUnwired_data()
 {
-    FakeControl::instance()->configure = [](FakeTool *tool, const QStringList &) {
-        tool->publishConnections = false;
+    QTest::addColumn<bool>("published");
+    QTest::newRow("list published") << true;
+    QTest::newRow("no list") << false;
+}
+
+void TestMenuMerging::toolWithoutConnectionListIsHostedUnwired()
+{
+    QFETCH(bool, published);
+    FakeControl::instance()->configure = [=](FakeTool *tool, const QStringList &) {
+        tool->addConnection("COPY", "2triggered()", nullptr, "1onCommand()");
+        tool->publishConnections = published;
     };
+    MessageLog log;
     MainWindow window({"/tmp/a.c"});
     window.onOpenFile("/tmp/b.c", 1);
     QCOMPARE(window.tools().size(), 2);
+    QCOMPARE(log.count("MainWindow::registerSharedMenus"), published ? 2 : 0);
+    FakeTool *b = FakeControl::instance()->liveTools().value(1);
+    QAction *copy = MenuActionMan::instance()->findToolAction("EDIT > COPY");
+    copy->setEnabled(true);
+    copy->trigger();
+    QCOMPARE(b->commandsReceived.value("onCommand"), published ? 1 : 0);
 }
 
 QTEST_MAIN(TestMenuMerging)

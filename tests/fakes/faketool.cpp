@@ -25,18 +25,13 @@ QString FakeTool::getFileName() const
 
 QList<Connection *> *FakeTool::getConnectionList()
 {
-    ++connectionListRequests;
     return publishConnections ? &m_connections : nullptr;
 }
 
 QList<QAction *> *FakeTool::getMenuActions(int menuKind)
 {
     menuActionRequests.append(menuKind);
-    if (menuKind == EditMenu)
-        return &editActions;
-    if (menuKind == ViewMenu)
-        return &viewActions;
-    return nullptr;
+    return menuActions.contains(menuKind) ? &menuActions[menuKind] : nullptr;
 }
 
 void FakeTool::closeTool(bool force)

@@ -47,16 +47,14 @@ public:
     QString tabText;
     QString fileName;
     bool refuseClose = false;
-    bool publishConnections = true; // false: getConnectionList returns null
-    bool changedOutside = false;    // reported once by handleExternalChange
-    QList<QAction *> editActions;   // not owned
-    QList<QAction *> viewActions;   // not owned
+    bool publishConnections = true;          // false: getConnectionList returns null
+    bool changedOutside = false;             // reported once by handleExternalChange
+    QMap<int, QList<QAction *>> menuActions; // by menu index, not owned
 
     // Record.
     int activateCount = 0;
     int saveCount = 0;
     int closeRequests = 0;
-    int connectionListRequests = 0;
     QList<int> menuActionRequests;
     QList<QStringList> processArgsCalls;
     QMap<QString, int> commandsReceived;
