@@ -1,0 +1,120 @@
+#include "mainwindow.h"
+#include "menuactionman.h"
+#include "sedgui.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QFile>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <Qsci/qsciscintilla.h>
+
+using koru::sedgui::SedGUI;
+
+namespace {
+
+QAction *shared(const QString &name)
+{
+    return MenuActionMan::instance()->findActionByName(name.toLatin1().constData());
+}
+
+// Fails unless the shared actions in on are enabled and those in off are not.
+void expect(const QStringList &on, const QStringList &off)
+{
+    for (const QString &name : on)
+        QVERIFY2(shared(name)->isEnabled(), qPrintable(name + " disabled"));
+    for (const QString &name : off)
+        QVERIFY2(!shared(name)->isEnabled(), qPrintable(name + " enabled"));
+}
+
+} // namespace
+
+// The window's shared Edit and File actions wired to the real editor tool in
+// front, through the window's own hand-over between tabs.
+class TestSharedActions : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void actionsFollowTheFrontTool();
+    void triggersReachOnlyTheFrontTool();
+
+private:
+    SedGUI *open(MainWindow &window, const char *name, const QString &text);
+
+    QTemporaryDir m_dir;
+};
+
+void TestSharedActions::init()
+{
+    QApplication::clipboard()->clear();
+}
+
+SedGUI *TestSharedActions::open(MainWindow &window, const char *name, const QString &text)
+{
+    const QString path = m_dir.filePath(QString::fromLatin1(name));
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        qFatal("cannot create %s", qPrintable(path));
+    file.close();
+    window.onOpenFile(path, 1);
+    auto *tool = qobject_cast<SedGUI *>(window.currentTool());
+    if (tool && !text.isEmpty())
+        tool->editor()->insertAt(text, 0, 0);
+    return tool;
+}
+
+void TestSharedActions::actionsFollowTheFrontTool()
+{
+    MainWindow window({});
+    SedGUI *edited = open(window, "edited.txt", QStringLiteral("some text"));
+    QVERIFY(edited);
+    expect({"UNDO", "SAVE", "FIND"}, {"REDO", "COPY"});
+    SedGUI *fresh = open(window, "fresh.txt", QString());
+    QVERIFY(fresh && fresh != edited);
+    expect({"SAVE AS"}, {"UNDO", "SAVE", "CUT", "PASTE"});
+
+    // The front tool's own changes drive the actions.
+    fresh->editor()->insertAt(QStringLiteral("abc"), 0, 0);
+    expect({"UNDO", "SAVE"}, {});
+    fresh->editor()->setSelection(0, 0, 0, 2);
+    expect({"COPY", "CUT", "CLEAR"}, {});
+    fresh->editor()->setSelection(0, 1, 0, 1);
+    expect({}, {"COPY", "CUT"});
+    QApplication::clipboard()->setText(QStringLiteral("clip"));
+    expect({"PASTE"}, {});
+    fresh->editor()->undo();
+    expect({"REDO"}, {"UNDO", "SAVE"});
+
+    // A tool in the back no longer drives them, until it comes to the front.
+    edited->editor()->setSelection(0, 0, 0, 4);
+    expect({}, {"COPY"});
+    window.tabWidget()->setCurrentWidget(edited);
+    expect({"COPY", "UNDO"}, {"REDO"});
+}
+
+void TestSharedActions::triggersReachOnlyTheFrontTool()
+{
+    MainWindow window({});
+    SedGUI *back = open(window, "back.txt", QStringLiteral("back"));
+    SedGUI *front = open(window, "front.txt", QStringLiteral("front"));
+    QVERIFY(back && front && back != front);
+
+    shared("SELECT ALL")->trigger();
+    QCOMPARE(front->selectedText(), QStringLiteral("front"));
+    QVERIFY(back->selectedText().isEmpty());
+    shared("COPY")->trigger();
+    QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("front"));
+    shared("CLEAR")->trigger();
+    QVERIFY(front->editor()->text().isEmpty());
+    shared("UNDO")->trigger();
+    QCOMPARE(front->editor()->text(), QStringLiteral("front"));
+    QCOMPARE(back->editor()->text(), QStringLiteral("back"));
+}
+
+QTEST_MAIN(TestSharedActions)
+#include "tst_sharedactions.moc"
