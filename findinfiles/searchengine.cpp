@@ -15,11 +15,8 @@
 
 namespace {
 
-// A batch is handed over when it holds this many hits or is this old.
-constexpr int BatchHits = 250;
+// A batch not yet full is handed over once it is this old.
 constexpr auto BatchAge = std::chrono::milliseconds(40);
-// Batches waiting for the GUI before the worker waits in turn.
-constexpr size_t MaxPendingBatches = 256;
 // Time one turn of the event loop spends handing batches on.
 constexpr qint64 DeliverySliceMs = 4;
 constexpr int ProgressIntervalMs = 100;

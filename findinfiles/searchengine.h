@@ -25,6 +25,11 @@ class SearchEngine : public QObject
     Q_OBJECT
 
 public:
+    // A batch is handed over when it holds BatchHits hits (or has aged); the
+    // worker waits while MaxPendingBatches batches wait for the GUI.
+    static constexpr int BatchHits = 250;
+    static constexpr size_t MaxPendingBatches = 256;
+
     explicit SearchEngine(QObject *parent = nullptr);
     ~SearchEngine() override;
 

@@ -16,29 +16,9 @@
 #include <Qsci/qscicommandset.h>
 #include <Qsci/qsciscintilla.h>
 
-#include <memory>
-
 // No key may serve two commands of the window at once: neither two actions
 // (the shell's, the front tool's own, the window's), nor an action and a key
 // that the editing widget keeps for a different command of its own.
-class TestShortcutClash : public QObject
-{
-    Q_OBJECT
-
-private slots:
-    void initTestCase();
-    void cleanup();
-    void noKeyServesTwoCommands_data();
-    void noKeyServesTwoCommands();
-
-private:
-    void openWindowWith(const QString &fileName);
-    QList<QObject *> keyedObjectsInFront() const;
-
-    QTemporaryDir m_dir;
-    std::unique_ptr<MainWindow> m_window;
-};
-
 namespace {
 
 QList<QKeySequence> keysOf(QObject *object)
@@ -69,69 +49,19 @@ bool belongsToHiddenTool(QObject *object, QWidget *front)
     return false;
 }
 
-void settle()
-{
-    for (int i = 0; i < 3; ++i) {
-        QCoreApplication::sendPostedEvents();
-        QCoreApplication::processEvents();
-    }
-}
-
 } // namespace
 
-void TestShortcutClash::initTestCase()
+// No key may serve two commands of the window at once: neither two actions
+// (the shell's, the front tool's own, the window's), nor an action and a key
+// that the editing widget keeps for a different command of its own.
+class TestShortcutClash : public QObject
 {
-    QVERIFY(m_dir.isValid());
-    for (const char *name : {"notes.txt", "main.c"}) {
-        QFile file(m_dir.filePath(QLatin1String(name)));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("int x;\n");
-    }
-}
+    Q_OBJECT
 
-void TestShortcutClash::cleanup()
-{
-    m_window.reset();
-}
-
-// A window started with the file on its command line, as the user starts it.
-void TestShortcutClash::openWindowWith(const QString &fileName)
-{
-    m_window = std::make_unique<MainWindow>(QStringList{m_dir.filePath(fileName)});
-    m_window->show();
-    settle();
-    QVERIFY2(m_window->currentTool(), "the real tool plug-in opened no tool");
-    // Menus are rebuilt as they open; let each merge the front tool's items.
-    for (QAction *menuAction : m_window->menuBar()->actions()) {
-        if (QMenu *menu = menuAction->menu())
-            emit menu->aboutToShow();
-    }
-}
-
-QList<QObject *> TestShortcutClash::keyedObjectsInFront() const
-{
-    QList<QObject *> objects;
-    auto collect = [&](QObject *root) {
-        for (QObject *object : root->findChildren<QObject *>()) {
-            if (!keysOf(object).isEmpty() &&
-                !belongsToHiddenTool(object, m_window->currentTool()) && !objects.contains(object))
-                objects << object;
-        }
-    };
-    collect(m_window.get());
-    collect(MenuActionMan::instance());
-    if (auto *tool = qobject_cast<HubGUITool *>(m_window->currentTool())) {
-        for (int kind : {int(HubGUITool::EditMenu), int(HubGUITool::ViewMenu)}) {
-            if (QList<QAction *> *actions = tool->getMenuActions(kind)) {
-                for (QAction *action : *actions) {
-                    if (!action->shortcuts().isEmpty() && !objects.contains(action))
-                        objects << action;
-                }
-            }
-        }
-    }
-    return objects;
-}
+private slots:
+    void noKeyServesTwoCommands_data();
+    void noKeyServesTwoCommands();
+};
 
 void TestShortcutClash::noKeyServesTwoCommands_data()
 {
@@ -146,28 +76,61 @@ void TestShortcutClash::noKeyServesTwoCommands_data()
 void TestShortcutClash::noKeyServesTwoCommands()
 {
     QFETCH(QString, fileName);
-    openWindowWith(fileName);
-    auto *editor = m_window->currentTool()->findChild<QsciScintilla *>();
+    QTemporaryDir dir;
+    QFile file(dir.filePath(fileName));
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write("int x;\n") > 0);
+    file.close();
+    // Started with the file on its command line, as the user starts it.
+    MainWindow window(QStringList{file.fileName()});
+    window.show();
+    for (int i = 0; i < 3; ++i) {
+        QCoreApplication::sendPostedEvents();
+        QCoreApplication::processEvents();
+    }
+    QVERIFY2(window.currentTool(), "the real tool plug-in opened no tool");
+    // Menus are rebuilt as they open; let each merge the front tool's items.
+    for (QAction *menuAction : window.menuBar()->actions()) {
+        if (QMenu *menu = menuAction->menu())
+            emit menu->aboutToShow();
+    }
+    auto *editor = window.currentTool()->findChild<QsciScintilla *>();
     QVERIFY(editor);
+
+    QList<QObject *> keyed;
+    for (QObject *root : QList<QObject *>{&window, MenuActionMan::instance()}) {
+        for (QObject *object : root->findChildren<QObject *>()) {
+            if (!keysOf(object).isEmpty() && !belongsToHiddenTool(object, window.currentTool()) &&
+                !keyed.contains(object))
+                keyed << object;
+        }
+    }
+    auto *tool = qobject_cast<HubGUITool *>(window.currentTool());
+    for (int kind : {int(HubGUITool::EditMenu), int(HubGUITool::ViewMenu)}) {
+        if (QList<QAction *> *actions = tool ? tool->getMenuActions(kind) : nullptr) {
+            for (QAction *action : *actions) {
+                if (!action->shortcuts().isEmpty() && !keyed.contains(action))
+                    keyed << action;
+            }
+        }
+    }
 
     // The editing widget's command that does what the action of that name does.
     const QHash<QString, QsciCommand::Command> sameCommand{
-        {QStringLiteral("Undo"), QsciCommand::Undo},
-        {QStringLiteral("Redo"), QsciCommand::Redo},
-        {QStringLiteral("Cut"), QsciCommand::SelectionCut},
-        {QStringLiteral("Copy"), QsciCommand::SelectionCopy},
-        {QStringLiteral("Paste"), QsciCommand::Paste},
-        {QStringLiteral("Select All"), QsciCommand::SelectAll},
-        {QStringLiteral("Clear"), QsciCommand::Delete},
-        {QStringLiteral("Upper Case"), QsciCommand::SelectionUpperCase},
-        {QStringLiteral("Lower Case"), QsciCommand::SelectionLowerCase},
-        {QStringLiteral("Zoom In"), QsciCommand::ZoomIn},
-        {QStringLiteral("Zoom Out"), QsciCommand::ZoomOut},
-    };
+        {"Undo", QsciCommand::Undo},
+        {"Redo", QsciCommand::Redo},
+        {"Cut", QsciCommand::SelectionCut},
+        {"Copy", QsciCommand::SelectionCopy},
+        {"Paste", QsciCommand::Paste},
+        {"Select All", QsciCommand::SelectAll},
+        {"Clear", QsciCommand::Delete},
+        {"Upper Case", QsciCommand::SelectionUpperCase},
+        {"Lower Case", QsciCommand::SelectionLowerCase},
+        {"Zoom In", QsciCommand::ZoomIn},
+        {"Zoom Out", QsciCommand::ZoomOut}};
 
     QHash<QKeySequence, QObject *> owner;
     QStringList clashes;
-    for (QObject *object : keyedObjectsInFront()) {
+    for (QObject *object : std::as_const(keyed)) {
         auto *action = qobject_cast<QAction *>(object);
         const QString name = action ? action->text().remove(QLatin1Char('&')) : QString();
         for (const QKeySequence &key : keysOf(object)) {

@@ -127,10 +127,8 @@ void TestFindInFiles::searchFillsThePaneAndDoubleClickOpensTheHit()
 
 void TestFindInFiles::paneStopAndEscapeStopTheSearch()
 {
-    QByteArray many;
-    for (int i = 0; i < 100000; ++i)
-        many += "needle\n";
-    writeFile(m_dir->filePath(QStringLiteral("many.txt")), many);
+    // A search runs until the event loop hands its results on, which this test never lets it do.
+    writeFile(m_dir->filePath(QStringLiteral("a.txt")), "needle\n");
     const SearchOptions options = needleInDir();
     m_fif->startSearch(options);
     QVERIFY(m_fif->engine()->isRunning());

@@ -6,7 +6,6 @@
 #include <QProcess>
 #include <QRegularExpression>
 #include <QScopeGuard>
-#include <QSignalSpy>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
@@ -55,7 +54,7 @@ void collect(SearchEngine &engine, Collected &collected)
         [&collected](const SearchSummary &summary) { collected.summaries.append(summary); });
 }
 
-SearchOptions optionsFor(const QString &folder, const QString &text)
+SearchOptions optionsFor(const QString &folder, const QString &text = QStringLiteral("needle"))
 {
     SearchOptions options;
     options.folder = folder;
@@ -74,14 +73,17 @@ Collected search(const SearchOptions &options)
     return collected;
 }
 
-// A file with so many hits that the worker fills its queue and waits for the GUI.
+// More hit batches than the queue holds: the worker cannot end until the GUI
+// has taken some, so a search ended while the first batch is shown is still running.
 void writeManyHits(const QString &path)
 {
     QByteArray content;
-    for (int i = 0; i < 50000; ++i)
+    for (int i = 0; i < int(SearchEngine::MaxPendingBatches + 2) * SearchEngine::BatchHits; ++i)
         content += "needle " + QByteArray::number(i) + '\n';
     writeFile(path, content);
 }
+
+enum class End { Stop, StartAnother, Destroy };
 
 } // namespace
 
@@ -93,9 +95,7 @@ private slots:
     void everyHitLineReadsBackToItsFileAndLine();
     void endingARunningSearchLeavesNoThread_data();
     void endingARunningSearchLeavesNoThread();
-    void aSecondSearchReplacesTheFirst();
-    void invalidRegexEndsWithAnError();
-    void hitsBeyondTheLimitAreCountedNotShown();
+    void limitAndErrorShowInTheSummary();
     void unreadableFileIsSkippedAndCounted();
 };
 
@@ -105,20 +105,17 @@ void TestSearchEngine::everyHitLineReadsBackToItsFileAndLine()
     const QString root = dir.path() + QLatin1Char('/');
     writeFile(root + "plain.c", "int f(x): needle\n\nneedle(1):2\n");
     writeFile(root + "par(1)/g (2).c", "x\nneedle here\n");
-    writeFile(root + "x(12):y/f(3).c", "(a):b needle (c):d\n");
     writeFile(root + "crlf.txt", "a\r\nneedle\r\n");
-    writeFile(root + "blank.txt", "needle\t\n      needle     \n");
     writeFile(root + "binary.bin", QByteArray("needle\0", 7));
     writeFile(root + "long.txt", QByteArray(5000, 'y') + " needle):end\n");
-    writeFile(root + "sep.txt", QString::fromUtf8("a\u2028needle\u2029b\n").toUtf8());
 
-    const Collected collected = search(optionsFor(dir.path(), QStringLiteral("needle")));
+    const Collected collected = search(optionsFor(dir.path()));
     QCOMPARE(collected.summaries.size(), 1);
     const SearchSummary summary = collected.summaries.first();
     QCOMPARE(summary.binaryFilesSkipped, 1);
-    QCOMPARE(summary.hits, 9);
-    QCOMPARE(summary.filesWithHits, 7);
-    QCOMPARE(collected.lines.size(), 9);
+    QCOMPARE(summary.hits, 5);
+    QCOMPARE(summary.filesWithHits, 4);
+    QCOMPARE(collected.lines.size(), 5);
     for (const QString &line : std::as_const(collected.lines)) {
         const auto [file, number] = parseLikeThePane(line);
         QFile source(file);
@@ -126,97 +123,82 @@ void TestSearchEngine::everyHitLineReadsBackToItsFileAndLine()
         const QList<QByteArray> sourceLines = source.readAll().split('\n');
         QVERIFY2(number >= 1 && number <= sourceLines.size(), qPrintable(line));
         QVERIFY2(sourceLines.at(number - 1).contains("needle"), qPrintable(line));
-        QVERIFY2(line.contains(QLatin1String("needle")), qPrintable(line));
-        QVERIFY2(!line.contains(QLatin1Char('\r')), qPrintable(line));
+        QVERIFY2(line.contains(QLatin1String("needle")) && !line.contains(QLatin1Char('\r')),
+                 qPrintable(line));
     }
 }
 
 void TestSearchEngine::endingARunningSearchLeavesNoThread_data()
 {
-    QTest::addColumn<bool>("stop");
-    QTest::newRow("stop from the slot that shows the first batch") << true;
-    QTest::newRow("destroy the engine") << false;
+    QTest::addColumn<End>("end");
+    QTest::newRow("stop from the slot that shows the first batch") << End::Stop;
+    QTest::newRow("start another search from that slot") << End::StartAnother;
+    QTest::newRow("destroy the engine") << End::Destroy;
 }
 
 void TestSearchEngine::endingARunningSearchLeavesNoThread()
 {
-    QFETCH(bool, stop);
-    QTemporaryDir dir;
-    writeManyHits(dir.filePath(QStringLiteral("many.txt")));
-    const int threadsBefore = threadCount();
-
-    auto engine = std::make_unique<SearchEngine>();
-    Collected collected;
-    collect(*engine, collected);
-    if (stop)
-        connect(engine.get(), &SearchEngine::hitsReady, engine.get(),
-                [&engine] { engine->stop(); });
-    engine->start(optionsFor(dir.path(), QStringLiteral("needle")));
-    QVERIFY(engine->isRunning());
-    QCOMPARE(threadCount(), threadsBefore + 1);
-    if (stop) {
-        QTRY_COMPARE(collected.summaries.size(), 1);
-        QVERIFY(!engine->isRunning());
-        QVERIFY(collected.summaries.first().cancelled);
-        QVERIFY(collected.lines.size() < 50000);
-        QCOMPARE(collected.summaries.first().hits, collected.lines.size());
-    } else {
-        engine.reset();
-    }
-    QCOMPARE(threadCount(), threadsBefore);
-}
-
-void TestSearchEngine::aSecondSearchReplacesTheFirst()
-{
+    QFETCH(End, end);
     QTemporaryDir first;
     QTemporaryDir second;
     writeManyHits(first.filePath(QStringLiteral("many.txt")));
     writeFile(second.filePath(QStringLiteral("one.txt")), "a needle\n");
     const int threadsBefore = threadCount();
 
-    SearchEngine engine;
+    auto engine = std::make_unique<SearchEngine>();
     Collected collected;
-    collect(engine, collected);
-    engine.start(optionsFor(first.path(), QStringLiteral("needle")));
-    QTRY_VERIFY(!collected.lines.isEmpty());
-    const qsizetype fromFirst = collected.lines.size();
-    engine.start(optionsFor(second.path(), QStringLiteral("needle")));
-    QCOMPARE(collected.summaries.size(), 1);
-    QVERIFY(collected.summaries.first().cancelled);
+    collect(*engine, collected);
+    connect(engine.get(), &SearchEngine::hitsReady, engine.get(), [&] {
+        if (end == End::Stop)
+            engine->stop();
+        else if (end == End::StartAnother && collected.summaries.isEmpty())
+            engine->start(optionsFor(second.path()));
+    });
+    engine->start(optionsFor(first.path()));
+    QVERIFY(engine->isRunning());
+    QCOMPARE(threadCount(), threadsBefore + 1);
+    if (end == End::Destroy) {
+        engine.reset();
+        QCOMPARE(threadCount(), threadsBefore);
+        return;
+    }
 
-    QTRY_COMPARE(collected.summaries.size(), 2);
-    QVERIFY(!collected.summaries.last().cancelled);
-    QCOMPARE(collected.summaries.last().hits, 1);
-    QCOMPARE(collected.lines.size(), fromFirst + 1);
-    QCOMPARE(parseLikeThePane(collected.lines.last()).first,
-             second.filePath(QStringLiteral("one.txt")));
+    const int searches = end == End::StartAnother ? 2 : 1;
+    QTRY_COMPARE(collected.summaries.size(), searches);
+    QVERIFY(!engine->isRunning());
     QCOMPARE(threadCount(), threadsBefore);
+    // The first search showed its first batch only: nothing of it follows the end.
+    QVERIFY(collected.summaries.first().cancelled);
+    QCOMPARE(collected.summaries.first().hits, SearchEngine::BatchHits);
+    QCOMPARE(collected.lines.size(), SearchEngine::BatchHits + searches - 1);
+    if (end == End::StartAnother) {
+        QVERIFY(!collected.summaries.last().cancelled);
+        QCOMPARE(collected.summaries.last().hits, 1);
+        QCOMPARE(parseLikeThePane(collected.lines.last()).first,
+                 second.filePath(QStringLiteral("one.txt")));
+    }
 }
 
-void TestSearchEngine::invalidRegexEndsWithAnError()
-{
-    QTemporaryDir dir;
-    SearchOptions options = optionsFor(dir.path(), QStringLiteral("a(b"));
-    options.regularExpression = true;
-    const Collected collected = search(options);
-    QCOMPARE(collected.summaries.size(), 1);
-    QVERIFY(!collected.summaries.first().error.isEmpty());
-    QCOMPARE(collected.summaries.first().filesSearched, 0);
-}
-
-void TestSearchEngine::hitsBeyondTheLimitAreCountedNotShown()
+void TestSearchEngine::limitAndErrorShowInTheSummary()
 {
     QTemporaryDir dir;
     writeFile(dir.filePath(QStringLiteral("a.txt")), "needle\nneedle\n");
     writeFile(dir.filePath(QStringLiteral("b.txt")), "needle\nneedle\nneedle\n");
-    SearchOptions options = optionsFor(dir.path(), QStringLiteral("needle"));
+    SearchOptions options = optionsFor(dir.path());
     options.maxHitLines = 3;
-    const Collected collected = search(options);
+    Collected collected = search(options);
     QCOMPARE(collected.summaries.size(), 1);
     QCOMPARE(collected.lines.size(), 3);
-    QCOMPARE(collected.summaries.first().hits, 5);
-    QCOMPARE(collected.summaries.first().hitsNotShown, 2);
-    QCOMPARE(collected.summaries.first().filesWithHits, 2);
+    const SearchSummary limited = collected.summaries.first();
+    QCOMPARE((QList<qint64>{limited.hits, limited.hitsNotShown, limited.filesWithHits}),
+             (QList<qint64>{5, 2, 2}));
+
+    options.text = QStringLiteral("a(b");
+    options.regularExpression = true;
+    collected = search(options);
+    QCOMPARE(collected.summaries.size(), 1);
+    QVERIFY(!collected.summaries.first().error.isEmpty());
+    QCOMPARE(collected.summaries.first().filesSearched, 0);
 }
 
 void TestSearchEngine::unreadableFileIsSkippedAndCounted()
@@ -259,7 +241,6 @@ void TestSearchEngine::unreadableFileIsSkippedAndCounted()
                                   "unreadableFileIsSkippedAndCounted"});
             QVERIFY(child.waitForFinished(120000));
             const QByteArray output = child.readAll();
-            QVERIFY2(child.exitCode() == 0, output.constData());
             QVERIFY2(
                 output.contains("PASS   : TestSearchEngine::unreadableFileIsSkippedAndCounted"),
                 output.constData());
@@ -270,7 +251,7 @@ void TestSearchEngine::unreadableFileIsSkippedAndCounted()
         QVERIFY(geteuid() != 0);
     }
 
-    const Collected collected = search(optionsFor(root, QStringLiteral("needle")));
+    const Collected collected = search(optionsFor(root));
     QCOMPARE(collected.summaries.size(), 1);
     const SearchSummary summary = collected.summaries.first();
     QCOMPARE(summary.unreadable, 2); // the file and the folder

@@ -7,6 +7,8 @@
 #include <QTextBlock>
 #include <QTextCursor>
 
+#include <optional>
+
 namespace {
 
 // Reads the context menu when it shows, optionally triggers one entry, and closes it.
@@ -46,18 +48,17 @@ private slots:
     void contextMenu_data();
     void contextMenu();
 
-private:
-    static void doubleClickLine(ResultWindow *pane, int line);
-    static QStringList runContextMenu(ResultWindow *pane, const QString &toTrigger,
-                                      QList<bool> *enabled);
-};
+    void init()
+    {
+        m_pane.emplace(nullptr);
+        m_pane->resize(400, 200);
+        m_pane->show();
+        QVERIFY(QTest::qWaitForWindowExposed(&*m_pane));
+    }
 
-void TestResultWindow::doubleClickLine(ResultWindow *pane, int line)
-{
-    const QTextBlock block = pane->document()->findBlockByNumber(line);
-    const QRect lineRect = pane->cursorRect(QTextCursor(block));
-    QTest::mouseDClick(pane->viewport(), Qt::LeftButton, {}, QPoint(4, lineRect.center().y()));
-}
+private:
+    std::optional<ResultWindow> m_pane;
+};
 
 void TestResultWindow::doubleClickOpensHit_data()
 {
@@ -65,34 +66,20 @@ void TestResultWindow::doubleClickOpensHit_data()
     QTest::addColumn<QString>("file");
     QTest::addColumn<int>("line");
 
-    struct Row
-    {
-        const char *tag, *paragraph, *file;
-        int line;
+    auto row = [](const char *tag, const char *paragraph, const char *file, int line) {
+        QTest::newRow(tag) << QString::fromLatin1(paragraph) << QString::fromLatin1(file) << line;
     };
-    // line -1: the emitted line is not checked.
-    for (const Row &row : {
-             Row{"plain hit", "src/main.c(42):  int x;", "src/main.c", 42},
-             Row{"colon in the file part", "C:\\dir\\f.c(12):x", "C:\\dir\\f.c", 12},
-             Row{"parentheses in the file part", "a(b)(7):x", "a(b)", 7},
-             Row{"last (number): ends the path", "a.c(3):b(4):c", "a.c(3):b", 4},
-             Row{"line not a number", "f.c(abc):x", "f.c", 0},
-             Row{"one blank after the colon", "f.c(12): ", "f.c", 12},
-             Row{"nothing after the colon", "f.c(12):", "", -1},
-             Row{"colon in the number part", "f.c(1:2):x", "", -1},
-             Row{"empty file part", "(12):x", "", -1},
-             Row{"empty line", "", "", -1},
-             Row{"heading line", "Searching for \"foo\" in /home/me", "", -1},
-             Row{"non-ASCII path", "/home/jürgen/naïve 文件.c(17):é", "/home/jürgen/naïve 文件.c",
-                 17},
-             Row{"CRLF remnant", "dos.c(5):text\r", "dos.c", 5},
-             Row{"CRLF remnant after the colon", "dos.c(6):\r", "dos.c", 6},
-         })
-        QTest::newRow(row.tag) << QString::fromUtf8(row.paragraph) << QString::fromUtf8(row.file)
-                               << row.line;
-    const QString longText(20000, QLatin1Char('x'));
-    QTest::newRow("very long hit text") << "big.c(9):" + longText << "big.c" << 9;
-    QTest::newRow("very long path") << longText + ".c(3):y" << longText + ".c" << 3;
+    row("plain hit", "src/main.c(42):  int x;", "src/main.c", 42);
+    row("colon in the file part", "C:\\dir\\f.c(12):x", "C:\\dir\\f.c", 12);
+    row("parentheses in the file part", "a(b)(7):x", "a(b)", 7);
+    row("last (number): ends the path", "a.c(3):b(4):c", "a.c(3):b", 4);
+    row("line not a number", "f.c(abc):x", "f.c", 0);
+    row("one blank after the colon", "f.c(12): ", "f.c", 12);
+    row("nothing after the colon", "f.c(12):", "", 0);
+    row("colon in the number part", "f.c(1:2):x", "", 0);
+    row("empty file part", "(12):x", "", 0);
+    row("heading line", "Searching for \"foo\" in /home/me", "", 0);
+    row("CRLF remnant after the colon", "dos.c(6):\r", "dos.c", 6);
 }
 
 void TestResultWindow::doubleClickOpensHit()
@@ -101,17 +88,13 @@ void TestResultWindow::doubleClickOpensHit()
     QFETCH(QString, file);
     QFETCH(int, line);
 
-    ResultWindow pane(nullptr);
-    pane.resize(400, 200);
-    pane.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&pane));
+    ResultWindow &pane = *m_pane;
     QSignalSpy spy(&pane, &ResultWindow::sigOpenFile);
-
-    // The document turns "\r" into a paragraph break, so a CRLF remnant can only
-    // reach the parser directly; every other paragraph goes through a double-click.
+    // The document makes "\r" a paragraph break: a CRLF remnant reaches the parser directly.
     pane.setPlainText(QStringLiteral("first line\n") + paragraph + QStringLiteral("\nlast line"));
     if (pane.document()->findBlockByNumber(1).text() == paragraph) {
-        doubleClickLine(&pane, 1);
+        const QRect lineRect = pane.cursorRect(QTextCursor(pane.document()->findBlockByNumber(1)));
+        QTest::mouseDClick(pane.viewport(), Qt::LeftButton, {}, QPoint(4, lineRect.center().y()));
         QCOMPARE(pane.textCursor().selectedText(), paragraph);
     } else {
         pane.openResultLine(paragraph);
@@ -119,22 +102,7 @@ void TestResultWindow::doubleClickOpensHit()
 
     QCOMPARE(spy.count(), 1);
     QCOMPARE(spy.at(0).at(0).toString(), file);
-    if (line >= 0)
-        QCOMPARE(spy.at(0).at(1).toInt(), line);
-}
-
-QStringList TestResultWindow::runContextMenu(ResultWindow *pane, const QString &toTrigger,
-                                             QList<bool> *enabled)
-{
-    MenuWatcher watcher;
-    watcher.toTrigger = toTrigger;
-    qApp->installEventFilter(&watcher);
-    const QPoint pos(10, 10);
-    QContextMenuEvent event(QContextMenuEvent::Mouse, pos, pane->viewport()->mapToGlobal(pos));
-    QApplication::sendEvent(pane->viewport(), &event);
-    qApp->removeEventFilter(&watcher);
-    *enabled = watcher.enabled;
-    return watcher.texts;
+    QCOMPARE(spy.at(0).at(1).toInt(), line);
 }
 
 void TestResultWindow::contextMenu_data()
@@ -145,9 +113,6 @@ void TestResultWindow::contextMenu_data()
     QTest::addColumn<int>("stops");
 
     const QString clear = QStringLiteral("C&lear All"), stop = QStringLiteral("Stop Search");
-    QTest::newRow("empty pane, nothing chosen") << ""
-                                                << ""
-                                                << "" << 0;
     QTest::newRow("clear all") << "a.c(1):x\nb.c(2):y" << clear << "" << 0;
     QTest::newRow("stop search keeps the hits") << "a.c(1):x" << stop << "a.c(1):x" << 1;
     QTest::newRow("stop search on an empty pane") << "" << stop << "" << 1;
@@ -160,21 +125,25 @@ void TestResultWindow::contextMenu()
     QFETCH(QString, contentAfter);
     QFETCH(int, stops);
 
-    ResultWindow pane(nullptr);
-    pane.resize(400, 200);
-    pane.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&pane));
+    ResultWindow &pane = *m_pane;
     pane.setPlainText(content);
     QSignalSpy stopSpy(&pane, &ResultWindow::sigForceStopFindInFiles);
+    MenuWatcher watcher;
+    watcher.toTrigger = trigger;
+    qApp->installEventFilter(&watcher);
+    const QPoint pos(10, 10);
+    QContextMenuEvent event(QContextMenuEvent::Mouse, pos, pane.viewport()->mapToGlobal(pos));
+    QApplication::sendEvent(pane.viewport(), &event);
+    qApp->removeEventFilter(&watcher);
+    const QStringList &texts = watcher.texts;
+    const QList<bool> &enabled = watcher.enabled;
 
-    QList<bool> enabled;
-    const QStringList texts = runContextMenu(&pane, trigger, &enabled);
-
+    // The two entries close the menu, enabled, with no separator before them.
     QVERIFY2(texts.size() > 2, qPrintable(texts.join(u'|')));
     QCOMPARE(texts.mid(texts.size() - 2),
              (QStringList{QStringLiteral("C&lear All"), QStringLiteral("Stop Search")}));
-    QVERIFY(enabled.at(enabled.size() - 1) && enabled.at(enabled.size() - 2));
-    QVERIFY(!texts.at(texts.size() - 3).isEmpty()); // no separator before the two entries
+    QVERIFY(!texts.at(texts.size() - 3).isEmpty());
+    QCOMPARE(enabled.mid(enabled.size() - 2), (QList<bool>{true, true}));
     QCOMPARE(pane.toPlainText(), contentAfter);
     QCOMPARE(stopSpy.count(), stops);
 }

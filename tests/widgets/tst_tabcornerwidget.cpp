@@ -1,6 +1,7 @@
 #include "tabcornerwidget.h"
 
 #include <QHelpEvent>
+#include <QScopeGuard>
 #include <QSignalSpy>
 #include <QStyle>
 #include <QStyleOptionComplex>
@@ -30,16 +31,13 @@ class TestTabCornerWidget : public QObject
 
 private slots:
     void init();
-    void cleanup();
+    void cleanup() { delete m_widget; }
     void click_data();
     void click();
-    void otherButtonsDoNotEndALeftPress();
     void toolTipOnlyOverTheButton();
 
 private:
-    QStyleOptionComplex buttonOption() const;
-    QPoint onButton() const;
-    QPoint offButton() const;
+    QPoint at(bool onButton) const;
 
     TabCornerWidget *m_widget = nullptr;
 };
@@ -51,102 +49,77 @@ void TestTabCornerWidget::init()
     m_widget->resize(m_widget->sizeHint() + QSize(60, 0));
     m_widget->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_widget));
-    QStyleOptionComplex option = buttonOption();
-    QCOMPARE(m_widget->style()->hitTestComplexControl(QStyle::CC_MdiControls, &option, offButton(),
-                                                      m_widget),
-             QStyle::SC_None);
 }
 
-void TestTabCornerWidget::cleanup()
-{
-    delete m_widget;
-}
-
-QStyleOptionComplex TestTabCornerWidget::buttonOption() const
+QPoint TestTabCornerWidget::at(bool onButton) const
 {
     QStyleOptionComplex option(1, QStyleOption::SO_ComplexCustomBase);
     option.initFrom(m_widget);
     option.subControls = QStyle::SC_MdiCloseButton;
-    return option;
-}
-
-QPoint TestTabCornerWidget::onButton() const
-{
-    const QStyleOptionComplex option = buttonOption();
-    return m_widget->style()
-        ->subControlRect(QStyle::CC_MdiControls, &option, QStyle::SC_MdiCloseButton, m_widget)
-        .center();
-}
-
-QPoint TestTabCornerWidget::offButton() const
-{
-    const QPoint center = onButton();
+    const QPoint center =
+        m_widget->style()
+            ->subControlRect(QStyle::CC_MdiControls, &option, QStyle::SC_MdiCloseButton, m_widget)
+            .center();
+    if (onButton)
+        return center;
     return QPoint(center.x() < m_widget->width() / 2 ? m_widget->width() - 2 : 1, center.y());
 }
 
 void TestTabCornerWidget::click_data()
 {
-    QTest::addColumn<Qt::MouseButton>("button");
-    QTest::addColumn<bool>("pressOn");
-    QTest::addColumn<bool>("dragOff");
-    QTest::addColumn<bool>("releaseOn");
+    // Steps "press|move|release button on|off", separated by blanks.
+    QTest::addColumn<QString>("steps");
     QTest::addColumn<int>("closes");
-
-    QTest::newRow("left press and release on the button")
-        << Qt::LeftButton << true << false << true << 1;
-    QTest::newRow("left press on, drag off, release off")
-        << Qt::LeftButton << true << true << false << 0;
-    QTest::newRow("left press on, drag off and back")
-        << Qt::LeftButton << true << true << true << 1;
-    QTest::newRow("left click beside the button") << Qt::LeftButton << false << false << false << 0;
-    QTest::newRow("left press off, release on") << Qt::LeftButton << false << false << true << 0;
-    QTest::newRow("right click on the button") << Qt::RightButton << true << false << true << 0;
-    QTest::newRow("middle click on the button") << Qt::MiddleButton << true << false << true << 0;
+    QTest::newRow("left click on the button") << "press-L-on release-L-on" << 1;
+    QTest::newRow("drag off, release off") << "press-L-on move-L-off release-L-off" << 0;
+    QTest::newRow("drag off and back") << "press-L-on move-L-off release-L-on" << 1;
+    QTest::newRow("left click beside the button") << "press-L-off release-L-off" << 0;
+    QTest::newRow("press off, release on") << "press-L-off release-L-on" << 0;
+    QTest::newRow("right click on the button") << "press-R-on release-R-on" << 0;
+    QTest::newRow("middle click on the button") << "press-M-on release-M-on" << 0;
+    QTest::newRow("right release keeps a left press") << "press-L-on release-R-on" << 0;
+    QTest::newRow("then the left release clicks") << "press-L-on release-R-on release-L-on" << 1;
 }
 
 void TestTabCornerWidget::click()
 {
-    QFETCH(Qt::MouseButton, button);
-    QFETCH(bool, pressOn);
-    QFETCH(bool, dragOff);
-    QFETCH(bool, releaseOn);
+    QFETCH(QString, steps);
     QFETCH(int, closes);
 
+    const QHash<QString, Qt::MouseButton> buttons{
+        {"L", Qt::LeftButton}, {"R", Qt::RightButton}, {"M", Qt::MiddleButton}};
     QSignalSpy spy(m_widget, &TabCornerWidget::sigCloseTool);
-    QTest::mousePress(m_widget, button, {}, pressOn ? onButton() : offButton());
-    if (dragOff)
-        QTest::mouseMove(m_widget, offButton());
-    QTest::mouseRelease(m_widget, button, {}, releaseOn ? onButton() : offButton());
+    for (const QString &step : steps.split(QLatin1Char(' '))) {
+        const QStringList part = step.split(QLatin1Char('-'));
+        const QPoint pos = at(part[2] == QLatin1String("on"));
+        if (part[0] == QLatin1String("press"))
+            QTest::mousePress(m_widget, buttons[part[1]], {}, pos);
+        else if (part[0] == QLatin1String("move"))
+            QTest::mouseMove(m_widget, pos);
+        else
+            QTest::mouseRelease(m_widget, buttons[part[1]], {}, pos);
+    }
     QCOMPARE(spy.count(), closes);
-}
-
-void TestTabCornerWidget::otherButtonsDoNotEndALeftPress()
-{
-    QSignalSpy spy(m_widget, &TabCornerWidget::sigCloseTool);
-    // A left press followed by a right release stays pressed: the left release still clicks.
-    QTest::mousePress(m_widget, Qt::LeftButton, {}, onButton());
-    QTest::mouseRelease(m_widget, Qt::RightButton, {}, onButton());
-    QCOMPARE(spy.count(), 0);
-    QTest::mouseRelease(m_widget, Qt::LeftButton, {}, onButton());
-    QCOMPARE(spy.count(), 1);
 }
 
 void TestTabCornerWidget::toolTipOnlyOverTheButton()
 {
     GermanMdiTranslator translator;
     QVERIFY(QCoreApplication::installTranslator(&translator));
+    auto cleanup = qScopeGuard([&] {
+        QCoreApplication::removeTranslator(&translator);
+        QToolTip::hideText();
+    });
 
-    QHelpEvent beside(QEvent::ToolTip, offButton(), m_widget->mapToGlobal(offButton()));
-    QApplication::sendEvent(m_widget, &beside);
-    QVERIFY(!QToolTip::isVisible());
-
-    QHelpEvent over(QEvent::ToolTip, onButton(), m_widget->mapToGlobal(onButton()));
+    QHelpEvent over(QEvent::ToolTip, at(true), m_widget->mapToGlobal(at(true)));
     QApplication::sendEvent(m_widget, &over);
     QVERIFY(QToolTip::isVisible());
     QCOMPARE(QToolTip::text(), QStringLiteral("Schließen"));
 
-    QCoreApplication::removeTranslator(&translator);
-    QToolTip::hideText();
+    // Moving beside the button takes the tip shown over it away.
+    QHelpEvent beside(QEvent::ToolTip, at(false), m_widget->mapToGlobal(at(false)));
+    QApplication::sendEvent(m_widget, &beside);
+    QTRY_VERIFY(!QToolTip::isVisible());
 }
 
 QTEST_MAIN(TestTabCornerWidget)
