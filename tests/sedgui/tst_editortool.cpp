@@ -26,40 +26,16 @@ public:
     QStringList opened;
 
 public Q_SLOTS:
-    void onOpenFile(const QString &path, int line)
-    {
-        opened << QStringLiteral("%1@%2").arg(path).arg(line);
-    }
-};
-
-class TstEditorTool : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void cleanup() { UserPrompt::setAnswerer({}); }
-    void actionsArePerToolAndShowItsState();
-    void shortcutsDoNotClashWithTheCatalogue();
-    void shortcutReachesTheFocusedToolOnly();
-    void saveWritesTheChosenFormat_data();
-    void saveWritesTheChosenFormat();
-    void unencodableCharacterMakesTheSaveAsk();
-    void dropOpensFilesOrInsertsText_data();
-    void dropOpensFilesOrInsertsText();
-    void replaceAllThroughTheBarIsOneUndoStep();
-    void findNextUsesTheLastSearch();
-    void syntaxMenuSwitchesTheLexer();
+    void onOpenFile(const QString &path, int line) { opened << path + '@' + QString::number(line); }
 };
 
 namespace {
 
 QAction *findAction(SedGUI *tool, int menu, const char *name)
 {
-    const QList<QAction *> *actions = tool->getMenuActions(menu);
-    for (QAction *action : actions ? *actions : QList<QAction *>()) {
-        if (action->objectName() == QLatin1String(name)) {
+    for (QAction *action : *tool->getMenuActions(menu)) {
+        if (action->objectName() == QLatin1String(name))
             return action;
-        }
     }
     return nullptr;
 }
@@ -69,9 +45,8 @@ QAction *menuEntry(QMenu *menu, const QVariant &data, const QString &name = {})
     Q_EMIT menu->aboutToShow();
     for (QAction *action : menu->actions()) {
         if ((!name.isEmpty() && action->objectName() == name) ||
-            (data.isValid() && action->data() == data)) {
+            (data.isValid() && action->data() == data))
             return action;
-        }
     }
     return nullptr;
 }
@@ -82,286 +57,260 @@ QByteArray readFile(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<unreadable>");
 }
 
-bool writeFile(const QString &path, const QByteArray &bytes)
+// Writes the bytes to a file in dir and opens it in the tool.
+QString openWith(SedGUI &tool, const QTemporaryDir &dir, const QByteArray &bytes)
 {
+    const QString path = dir.filePath(QStringLiteral("file.txt"));
     QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        return {};
+    file.close();
+    return tool.openFile(path, nullptr) ? path : QString();
 }
 
 } // namespace
 
-void TstEditorTool::actionsArePerToolAndShowItsState()
+class TstEditorTool : public QObject
 {
-    SedGUI first;
-    SedGUI second;
-    QAction *firstWrap = findAction(&first, SedGUI::ViewMenu, "wordWrap");
-    QAction *secondWrap = findAction(&second, SedGUI::ViewMenu, "wordWrap");
-    QVERIFY(firstWrap && secondWrap && firstWrap != secondWrap);
-    QVERIFY(!firstWrap->isChecked());
+    Q_OBJECT
 
-    firstWrap->trigger();
-    QCOMPARE(first.editor()->wrapMode(), QsciScintilla::WrapWord);
-    QCOMPARE(second.editor()->wrapMode(), QsciScintilla::WrapNone);
+private Q_SLOTS:
+    void cleanup() { UserPrompt::setAnswerer({}); }
 
-    // A change made elsewhere (here: directly) shows when the menu is next built.
-    second.editor()->setWhitespaceVisibility(QsciScintilla::WsVisible);
-    QVERIFY(findAction(&second, SedGUI::ViewMenu, "showWhitespace")->isChecked());
-    QVERIFY(!findAction(&first, SedGUI::ViewMenu, "showWhitespace")->isChecked());
-    QVERIFY(findAction(&first, SedGUI::ViewMenu, "wordWrap")->isChecked());
+    // Each tool has its own actions; their checked state follows the editor.
+    void actionsArePerToolAndShowItsState()
+    {
+        SedGUI first;
+        SedGUI second;
+        QAction *firstWrap = findAction(&first, SedGUI::ViewMenu, "wordWrap");
+        QVERIFY(firstWrap && firstWrap != findAction(&second, SedGUI::ViewMenu, "wordWrap"));
+        QVERIFY(!firstWrap->isChecked());
+        firstWrap->trigger();
+        QCOMPARE(first.editor()->wrapMode(), QsciScintilla::WrapWord);
+        QCOMPARE(second.editor()->wrapMode(), QsciScintilla::WrapNone);
 
-    QAction *lineNumbers = findAction(&first, SedGUI::ViewMenu, "lineNumbers");
-    QVERIFY(lineNumbers->isChecked());
-    lineNumbers->trigger();
-    QCOMPARE(first.editor()->marginWidth(0), 0);
-    QVERIFY(second.editor()->marginWidth(0) > 0);
-}
+        second.editor()->setWhitespaceVisibility(QsciScintilla::WsVisible);
+        QVERIFY(findAction(&second, SedGUI::ViewMenu, "showWhitespace")->isChecked());
+        QVERIFY(!findAction(&first, SedGUI::ViewMenu, "showWhitespace")->isChecked());
+        QVERIFY(findAction(&first, SedGUI::ViewMenu, "wordWrap")->isChecked());
 
-void TstEditorTool::shortcutsDoNotClashWithTheCatalogue()
-{
-    // The shell's shared actions' keys and the desktop-standard keys of the catalogue's actions.
-    const QStringList reserved = {
-        "Ctrl+Z", "Ctrl+Y", "Ctrl+X", "Ctrl+C",       "Ctrl+V",       "Ctrl+Shift+F",
-        "Ctrl+N", "Ctrl+O", "Ctrl+W", "Ctrl+S",       "Ctrl+Shift+S", "Ctrl+P",
-        "Ctrl+Q", "Ctrl+F", "F3",     "Shift+F3",     "Ctrl+H",       "Ctrl+R",
-        "Ctrl+G", "Ctrl+A", "Del",    "Ctrl+Shift+Z",
-    };
-    SedGUI tool;
-    QSet<QString> seen;
-    for (int menu : {SedGUI::EditMenu, SedGUI::ViewMenu}) {
-        for (QAction *action : *tool.getMenuActions(menu)) {
-            for (const QKeySequence &key : action->shortcuts()) {
-                const QString text = key.toString(QKeySequence::PortableText);
-                QVERIFY2(!reserved.contains(text) && !seen.contains(text), qPrintable(text));
-                seen.insert(text);
+        QAction *lineNumbers = findAction(&first, SedGUI::ViewMenu, "lineNumbers");
+        QVERIFY(lineNumbers->isChecked());
+        lineNumbers->trigger();
+        QCOMPARE(first.editor()->marginWidth(0), 0);
+        QVERIFY(second.editor()->marginWidth(0) > 0);
+    }
+
+    // The tool's keys clash neither with each other nor with the shell's shared
+    // actions and the desktop-standard keys.
+    void shortcutsDoNotClashWithTheCatalogue()
+    {
+        QSet<QString> seen{"Ctrl+Z", "Ctrl+Y", "Ctrl+X",       "Ctrl+C",       "Ctrl+V", "Ctrl+N",
+                           "Ctrl+O", "Ctrl+W", "Ctrl+S",       "Ctrl+Shift+S", "Ctrl+P", "Ctrl+Q",
+                           "Ctrl+F", "F3",     "Shift+F3",     "Ctrl+H",       "Ctrl+R", "Ctrl+G",
+                           "Ctrl+A", "Del",    "Ctrl+Shift+Z", "Ctrl+Shift+F"};
+        SedGUI tool;
+        for (int menu : {SedGUI::EditMenu, SedGUI::ViewMenu}) {
+            for (QAction *action : *tool.getMenuActions(menu)) {
+                for (const QKeySequence &key : action->shortcuts()) {
+                    const QString text = key.toString(QKeySequence::PortableText);
+                    QVERIFY2(!seen.contains(text), qPrintable(text));
+                    seen.insert(text);
+                }
             }
         }
+        QVERIFY(seen.contains(QStringLiteral("Ctrl+/")));
+        QVERIFY(seen.contains(QStringLiteral("Ctrl+D")));
     }
-    QVERIFY(seen.contains(QStringLiteral("Ctrl+/")));
-    QVERIFY(seen.contains(QStringLiteral("Ctrl+D")));
-}
 
-void TstEditorTool::shortcutReachesTheFocusedToolOnly()
-{
-    QWidget window;
-    auto *layout = new QHBoxLayout(&window);
-    auto *first = new SedGUI;
-    auto *second = new SedGUI;
-    layout->addWidget(first);
-    layout->addWidget(second);
-    first->editor()->setText(QStringLiteral("one"));
-    second->editor()->setText(QStringLiteral("two"));
-    window.show();
-    QVERIFY(QTest::qWaitForWindowActive(&window));
-    first->editor()->setFocus();
-
-    QTest::keyClick(first->editor(), Qt::Key_D, Qt::ControlModifier);
-    QTest::keyClick(first->editor(), Qt::Key_U, Qt::ControlModifier | Qt::ShiftModifier);
-    QCOMPARE(first->editor()->text(), QStringLiteral("ONE\none"));
-    QCOMPARE(second->editor()->text(), QStringLiteral("two"));
-}
-
-void TstEditorTool::saveWritesTheChosenFormat_data()
-{
-    QTest::addColumn<QByteArray>("original");
-    QTest::addColumn<QString>("lineEnding");  // action name, or empty
-    QTest::addColumn<QByteArray>("encoding"); // save with, or empty
-    QTest::addColumn<QByteArray>("saved");
-
-    const auto row = [](const char *name, QByteArray original, const char *lineEnding,
-                        const char *encoding, QByteArray saved) {
-        QTest::newRow(name) << original << QString::fromLatin1(lineEnding) << QByteArray(encoding)
-                            << saved;
-    };
-    row("LF to CRLF", "a\nb\n", "lineEndingCRLF", "", "a\r\nb\r\n");
-    row("CRLF to LF", "a\r\nb\r\n", "lineEndingLF", "", "a\nb\n");
-    row("mixed to CR", "a\r\nb\nc", "lineEndingCR", "", "a\rb\rc");
-    row("UTF-8 to Latin-1", "caf\xc3\xa9\n", "", "ISO-8859-1", "caf\xe9\n");
-    row("UTF-8 to UTF-16LE", "a\n", "", "UTF-16LE",
-        QByteArray("\xff\xfe"
-                   "a\0\n\0",
-                   6));
-    row("UTF-8 to Windows-1252 and CRLF", "\xe2\x82\xac 1\n", "lineEndingCRLF", "WINDOWS-1252",
-        "\x80 1\r\n");
-}
-
-void TstEditorTool::saveWritesTheChosenFormat()
-{
-    QFETCH(QByteArray, original);
-    QFETCH(QString, lineEnding);
-    QFETCH(QByteArray, encoding);
-    QFETCH(QByteArray, saved);
-
-    QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("file.txt"));
-    QVERIFY(writeFile(path, original));
-    SedGUI tool;
-    QString error;
-    QVERIFY2(tool.openFile(path, &error), qPrintable(error));
-
-    if (!lineEnding.isEmpty()) {
-        QMenu *endings = findAction(&tool, SedGUI::ViewMenu, "lineEndings")->menu();
-        QAction *choice = menuEntry(endings, {}, lineEnding);
-        QVERIFY(choice);
-        choice->trigger();
+    void shortcutReachesTheFocusedToolOnly()
+    {
+        QWidget window;
+        auto *layout = new QHBoxLayout(&window);
+        auto *first = new SedGUI;
+        auto *second = new SedGUI;
+        layout->addWidget(first);
+        layout->addWidget(second);
+        first->editor()->setText(QStringLiteral("one"));
+        second->editor()->setText(QStringLiteral("two"));
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        first->editor()->setFocus();
+        QTest::keyClick(first->editor(), Qt::Key_D, Qt::ControlModifier);
+        QTest::keyClick(first->editor(), Qt::Key_U, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(first->editor()->text(), QStringLiteral("ONE\none"));
+        QCOMPARE(second->editor()->text(), QStringLiteral("two"));
     }
-    if (!encoding.isEmpty()) {
-        QMenu *encodings = findAction(&tool, SedGUI::ViewMenu, "encoding")->menu();
-        Q_EMIT encodings->aboutToShow();
-        QMenu *saveWith = encodings->findChild<QMenu *>(QStringLiteral("saveWithEncodingMenu"));
-        QVERIFY(saveWith);
-        QAction *choice = menuEntry(saveWith, encoding);
-        QVERIFY(choice);
-        choice->trigger();
-        QVERIFY(menuEntry(saveWith, encoding)->isChecked());
+
+    void saveWritesTheChosenFormat_data()
+    {
+        QTest::addColumn<QByteArray>("original");
+        QTest::addColumn<QString>("lineEnding");  // action name, or empty
+        QTest::addColumn<QByteArray>("encoding"); // save with, or empty
+        QTest::addColumn<QByteArray>("saved");
+        const auto row = [](const char *name, QByteArray original, const char *lineEnding,
+                            const char *encoding, QByteArray saved) {
+            QTest::newRow(name) << original << QString(lineEnding) << QByteArray(encoding) << saved;
+        };
+        row("LF to CRLF", "a\nb\n", "lineEndingCRLF", "", "a\r\nb\r\n");
+        row("CRLF to LF", "a\r\nb\r\n", "lineEndingLF", "", "a\nb\n");
+        row("mixed to CR", "a\r\nb\nc", "lineEndingCR", "", "a\rb\rc");
+        row("UTF-8 to Latin-1", "caf\xc3\xa9\n", "", "ISO-8859-1", "caf\xe9\n");
+        row("UTF-8 to UTF-16LE", "a\n", "", "UTF-16LE", QByteArray::fromHex("fffe61000a00"));
+        row("UTF-8 to Windows-1252 and CRLF", "\xe2\x82\xac 1\n", "lineEndingCRLF", "WINDOWS-1252",
+            "\x80 1\r\n");
     }
-    QVERIFY(tool.save());
-    QCOMPARE(readFile(path), saved);
-}
-
-void TstEditorTool::unencodableCharacterMakesTheSaveAsk()
-{
-    QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("euro.txt"));
-    const QByteArray original("price: \xe2\x82\xac 5\n");
-    QVERIFY(writeFile(path, original));
-    SedGUI tool;
-    QString error;
-    QVERIFY(tool.openFile(path, &error));
-
-    int asked = 0;
-    UserPrompt::Button answer = UserPrompt::Cancel;
-    UserPrompt::setAnswerer([&](const UserPrompt::Question &question) {
-        ++asked;
-        return question.buttons.contains(answer) ? answer : question.buttons.value(0);
-    });
-
-    // Choosing an encoding that cannot hold the euro sign says so and keeps UTF-8.
-    auto *actions = tool.findChild<EditorActions *>();
-    QVERIFY(actions);
-    QVERIFY(!actions->saveWithEncoding("ISO-8859-1"));
-    QCOMPARE(asked, 1);
-    QCOMPARE(tool.textFormat().encoding, QByteArray("UTF-8"));
-
-    // Forced onto the document anyway, the save asks, and Cancel writes nothing.
-    TextFormat latin1 = tool.textFormat();
-    latin1.encoding = "ISO-8859-1";
-    tool.setTextFormat(latin1);
-    QVERIFY(!tool.save());
-    QCOMPARE(asked, 2);
-    QCOMPARE(readFile(path), original);
-
-    // Saving as UTF-8 instead keeps every character.
-    answer = UserPrompt::SaveAsUtf8;
-    tool.editor()->append(QStringLiteral("more\n"));
-    QVERIFY(tool.save());
-    QCOMPARE(readFile(path), original + "more\n");
-}
-
-void TstEditorTool::dropOpensFilesOrInsertsText_data()
-{
-    QTest::addColumn<bool>("files"); // else text
-    QTest::addColumn<QStringList>("opened");
-    QTest::addColumn<QString>("text");
-
-    QTest::newRow("local files open, remote ones are ignored")
-        << true << QStringList{"/tmp/a.txt@0", "/tmp/b c.txt@0"} << "keep";
-    QTest::newRow("text is inserted") << false << QStringList() << "droppedkeep";
-}
-
-void TstEditorTool::dropOpensFilesOrInsertsText()
-{
-    QFETCH(bool, files);
-    QFETCH(QStringList, opened);
-    QFETCH(QString, text);
-
-    FakeWindow window;
-    auto *tool = new SedGUI(&window);
-    window.resize(400, 300);
-    tool->resize(400, 300);
-    tool->editor()->setText(QStringLiteral("keep"));
-    tool->editor()->setCursorPosition(0, 0);
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
-    QMimeData data;
-    if (files) {
-        data.setUrls({QUrl::fromLocalFile(QStringLiteral("/tmp/a.txt")),
-                      QUrl::fromLocalFile(QStringLiteral("/tmp/b c.txt")),
-                      QUrl(QStringLiteral("https://example.org/remote.txt"))});
-    } else {
-        data.setText(QStringLiteral("dropped"));
+    void saveWritesTheChosenFormat()
+    {
+        QFETCH(QByteArray, original);
+        QFETCH(QString, lineEnding);
+        QFETCH(QByteArray, encoding);
+        QTemporaryDir dir;
+        SedGUI tool;
+        const QString path = openWith(tool, dir, original);
+        QVERIFY(!path.isEmpty());
+        if (!lineEnding.isEmpty()) {
+            QMenu *endings = findAction(&tool, SedGUI::ViewMenu, "lineEndings")->menu();
+            QAction *choice = menuEntry(endings, {}, lineEnding);
+            QVERIFY(choice);
+            choice->trigger();
+        }
+        if (!encoding.isEmpty()) {
+            QMenu *encodings = findAction(&tool, SedGUI::ViewMenu, "encoding")->menu();
+            Q_EMIT encodings->aboutToShow();
+            auto *saveWith = encodings->findChild<QMenu *>(QStringLiteral("saveWithEncodingMenu"));
+            QVERIFY(saveWith);
+            QAction *choice = menuEntry(saveWith, encoding);
+            QVERIFY(choice);
+            choice->trigger();
+            QVERIFY(menuEntry(saveWith, encoding)->isChecked());
+        }
+        QVERIFY(tool.save());
+        QTEST(readFile(path), "saved");
     }
-    QWidget *viewport = tool->editor()->viewport();
-    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(viewport, &enter);
-    QVERIFY(enter.isAccepted());
-    QDragMoveEvent move(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(viewport, &move);
-    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(viewport, &drop);
-    QCoreApplication::processEvents();
 
-    QCOMPARE(window.opened, opened);
-    QCOMPARE(tool->editor()->text(), text);
-}
+    void unencodableCharacterMakesTheSaveAsk()
+    {
+        QTemporaryDir dir;
+        SedGUI tool;
+        const QByteArray original("price: \xe2\x82\xac 5\n");
+        const QString path = openWith(tool, dir, original);
+        QVERIFY(!path.isEmpty());
+        int asked = 0;
+        UserPrompt::Button answer = UserPrompt::Cancel;
+        UserPrompt::setAnswerer([&](const UserPrompt::Question &question) {
+            ++asked;
+            return question.buttons.contains(answer) ? answer : question.buttons.value(0);
+        });
 
-void TstEditorTool::replaceAllThroughTheBarIsOneUndoStep()
-{
-    SedGUI tool;
-    const QString text = QStringLiteral("alpha beta\nalpha gamma\n");
-    tool.editor()->setText(text);
-    tool.editor()->SendScintilla(QsciScintillaBase::SCI_EMPTYUNDOBUFFER);
-    tool.replace();
-    auto *bar = tool.findChild<FindBar *>();
-    QVERIFY(bar && !bar->isHidden());
-    SearchQuery query;
-    query.pattern = QStringLiteral("alpha ([a-z]+)");
-    query.regex = true;
-    bar->setQuery(query);
-    bar->setReplacement(QStringLiteral("\\1 alpha"));
-    QCOMPARE(bar->replaceAll(), qint64(2));
-    QCOMPARE(tool.editor()->text(), QStringLiteral("beta alpha\ngamma alpha\n"));
+        // An encoding that cannot hold the euro sign is refused with a message.
+        QVERIFY(!tool.findChild<EditorActions *>()->saveWithEncoding("ISO-8859-1"));
+        QCOMPARE(asked, 1);
+        QCOMPARE(tool.textFormat().encoding, QByteArray("UTF-8"));
 
-    tool.undo();
-    QCOMPARE(tool.editor()->text(), text);
-    QVERIFY(!tool.editor()->isUndoAvailable());
-}
+        // Forced onto the document anyway, the save asks, and Cancel writes nothing.
+        TextFormat latin1 = tool.textFormat();
+        latin1.encoding = "ISO-8859-1";
+        tool.setTextFormat(latin1);
+        QVERIFY(!tool.save());
+        QCOMPARE(asked, 2);
+        QCOMPARE(readFile(path), original);
 
-void TstEditorTool::findNextUsesTheLastSearch()
-{
-    SedGUI searched;
-    searched.editor()->setText(QStringLiteral("needle"));
-    searched.find();
-    SearchQuery query;
-    query.pattern = QStringLiteral("needle");
-    searched.findChild<FindBar *>()->setQuery(query);
-    QVERIFY(searched.findChild<FindBar *>()->findNext().found());
-
-    SedGUI other;
-    other.editor()->setText(QStringLiteral("hay needle hay needle"));
-    int line = 0;
-    int index = 0;
-    for (int expected : {10, 21}) {
-        other.findNext();
-        QCOMPARE(other.editor()->selectedText(), QStringLiteral("needle"));
-        other.editor()->getCursorPosition(&line, &index);
-        QCOMPARE(index, expected);
+        answer = UserPrompt::SaveAsUtf8;
+        tool.editor()->append(QStringLiteral("more\n"));
+        QVERIFY(tool.save());
+        QCOMPARE(readFile(path), original + "more\n");
     }
-}
 
-void TstEditorTool::syntaxMenuSwitchesTheLexer()
-{
-    SedGUI tool;
-    QMenu *syntax = findAction(&tool, SedGUI::ViewMenu, "syntax")->menu();
-    QAction *python = menuEntry(syntax, QStringLiteral("Python"));
-    QVERIFY(python);
-    python->trigger();
-    QCOMPARE(tool.languageName(), QStringLiteral("Python"));
-    QVERIFY(menuEntry(syntax, QStringLiteral("Python"))->isChecked());
-    // The chosen language's comment syntax is what Toggle Comment uses.
-    tool.editor()->setText(QStringLiteral("x = 1"));
-    findAction(&tool, SedGUI::EditMenu, "toggleComment")->trigger();
-    QCOMPARE(tool.editor()->text(), QStringLiteral("# x = 1"));
-}
+    void dropOpensFilesOrInsertsText_data()
+    {
+        QTest::addColumn<bool>("files"); // else text
+        QTest::addColumn<QStringList>("opened");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("local files open, remote ones are ignored")
+            << true << QStringList{"/tmp/a.txt@0", "/tmp/b c.txt@0"} << "keep";
+        QTest::newRow("text is inserted") << false << QStringList() << "droppedkeep";
+    }
+    void dropOpensFilesOrInsertsText()
+    {
+        QFETCH(bool, files);
+        FakeWindow window;
+        auto *tool = new SedGUI(&window);
+        window.resize(400, 300);
+        tool->resize(400, 300);
+        tool->editor()->setText(QStringLiteral("keep"));
+        tool->editor()->setCursorPosition(0, 0);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QMimeData data;
+        if (files)
+            data.setUrls({QUrl::fromLocalFile(QStringLiteral("/tmp/a.txt")),
+                          QUrl::fromLocalFile(QStringLiteral("/tmp/b c.txt")),
+                          QUrl(QStringLiteral("https://example.org/remote.txt"))});
+        else
+            data.setText(QStringLiteral("dropped"));
+        QWidget *viewport = tool->editor()->viewport();
+        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(viewport, &enter);
+        QVERIFY(enter.isAccepted());
+        QDragMoveEvent move(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(viewport, &move);
+        QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(viewport, &drop);
+        QCoreApplication::processEvents();
+        QTEST(window.opened, "opened");
+        QTEST(tool->editor()->text(), "text");
+    }
+
+    // Replace All is one undo step; Find Next in another tool reuses the last search.
+    void findBarReplacesInOneStepAndFindNextReusesTheSearch()
+    {
+        SedGUI tool;
+        const QString text = QStringLiteral("alpha beta\nalpha gamma\n");
+        tool.editor()->setText(text);
+        tool.editor()->SendScintilla(QsciScintillaBase::SCI_EMPTYUNDOBUFFER);
+        tool.replace();
+        auto *bar = tool.findChild<FindBar *>();
+        QVERIFY(bar && !bar->isHidden());
+        SearchQuery query;
+        query.pattern = QStringLiteral("alpha ([a-z]+)");
+        query.regex = true;
+        bar->setQuery(query);
+        bar->setReplacement(QStringLiteral("\\1 alpha"));
+        QCOMPARE(bar->replaceAll(), qint64(2));
+        QCOMPARE(tool.editor()->text(), QStringLiteral("beta alpha\ngamma alpha\n"));
+        tool.undo();
+        QCOMPARE(tool.editor()->text(), text);
+        QVERIFY(!tool.editor()->isUndoAvailable());
+
+        query.pattern = QStringLiteral("gamma");
+        query.regex = false;
+        bar->setQuery(query);
+        QVERIFY(bar->findNext().found());
+        SedGUI other;
+        other.editor()->setText(QStringLiteral("hay gamma hay gamma"));
+        int line = 0;
+        int index = 0;
+        for (int expected : {9, 19}) {
+            other.findNext();
+            QCOMPARE(other.editor()->selectedText(), QStringLiteral("gamma"));
+            other.editor()->getCursorPosition(&line, &index);
+            QCOMPARE(index, expected);
+        }
+    }
+
+    void syntaxMenuSwitchesTheLexerAndTheCommentSyntax()
+    {
+        SedGUI tool;
+        QMenu *syntax = findAction(&tool, SedGUI::ViewMenu, "syntax")->menu();
+        menuEntry(syntax, QStringLiteral("Python"))->trigger();
+        QCOMPARE(tool.languageName(), QStringLiteral("Python"));
+        QVERIFY(menuEntry(syntax, QStringLiteral("Python"))->isChecked());
+        tool.editor()->setText(QStringLiteral("x = 1"));
+        findAction(&tool, SedGUI::EditMenu, "toggleComment")->trigger();
+        QCOMPARE(tool.editor()->text(), QStringLiteral("# x = 1"));
+    }
+};
 
 QTEST_MAIN(TstEditorTool)
 #include "tst_editortool.moc"

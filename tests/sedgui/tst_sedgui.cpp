@@ -22,13 +22,6 @@ QByteArray readAll(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<unreadable>");
 }
 
-bool writeAll(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly | QIODevice::Truncate) &&
-           file.write(bytes) == bytes.size();
-}
-
 QByteArray encoded(const QString &text, QStringConverter::Encoding encoding, bool bom)
 {
     return QStringEncoder(encoding,
@@ -42,282 +35,261 @@ class TestSedGUI : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
-    void roundTripWithoutEdit_data();
-    void roundTripWithoutEdit();
-    void typedLineIsTheOnlyDifference_data();
-    void typedLineIsTheOnlyDifference();
-    void failedSaveKeepsTextModified();
-    void closeAsksWhenModified_data();
-    void closeAsksWhenModified();
-    void untitledSaveGoesThroughSaveAs();
-    void missingPathCreatesNothingUntilSaved();
-    void hugeLineOpensPlainAndSavesExactly_data();
-    void hugeLineOpensPlainAndSavesExactly();
-    void processArgsSelectsTheLine();
-    void reopenWithEncoding();
-
 private:
     // Writes bytes to name in the temporary folder and returns its path.
     QString file(const char *name, const QByteArray &bytes)
     {
-        const QString path = m_dir.filePath(QString::fromLatin1(name));
-        return writeAll(path, bytes) ? path : QString();
+        QFile file(m_dir.filePath(QString::fromLatin1(name)));
+        return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size()
+                   ? file.fileName()
+                   : QString();
     }
 
     QTemporaryDir m_dir;
+
+private Q_SLOTS:
+    void roundTripWithoutEdit_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::newRow("utf-8") << QByteArray(
+            "int main()\n{\n    return 0; // \xc3\xa9\xe2\x82\xac\n}\n");
+        QTest::newRow("utf-8 with bom") << QByteArray("\xef\xbb\xbfhello\nworld\n");
+        QTest::newRow("invalid bytes and nul")
+            << QByteArray("ok \xff\xfe bad \xc3( and\0nul\n", 21);
+        QTest::newRow("crlf") << QByteArray("one\r\ntwo\r\nthree\r\n");
+        QTest::newRow("cr") << QByteArray("one\rtwo\r");
+        QTest::newRow("mixed endings") << QByteArray("a\r\nb\nc\rd");
+        QTest::newRow("latin-1") << QByteArray("caf\xe9 cr\xe8me br\xfbl\xe9\xe9 na\xefve\n");
+        QTest::newRow("utf-16le bom") << encoded(QStringLiteral("h\u00e9llo\r\nw\u00f6rld\r\n"),
+                                                 QStringConverter::Utf16LE, true);
+        QTest::newRow("utf-16be bom")
+            << encoded(QStringLiteral("\u20ac uro\n"), QStringConverter::Utf16BE, true);
+        QTest::newRow("empty") << QByteArray();
+        QTest::newRow("no final newline") << QByteArray("last line");
+    }
+    void roundTripWithoutEdit()
+    {
+        QFETCH(QByteArray, bytes);
+        const QString path = file("round.txt", bytes);
+        PromptRecorder prompts;
+        SedGUI tool;
+        QVERIFY(tool.openFile(path, nullptr));
+        QVERIFY(!tool.isModified());
+        QVERIFY(tool.saveTo(path));
+        QCOMPARE(readAll(path), bytes);
+        QVERIFY(prompts.asked.isEmpty());
+    }
+
+    void typedLineIsTheOnlyDifference_data()
+    {
+        QTest::addColumn<int>("encoding");
+        QTest::addColumn<bool>("bom");
+        QTest::addColumn<QString>("ending");
+        QTest::newRow("utf-8 lf") << int(QStringConverter::Utf8) << false << "\n";
+        QTest::newRow("utf-8 crlf") << int(QStringConverter::Utf8) << false << "\r\n";
+        QTest::newRow("latin-1 lf") << int(QStringConverter::Latin1) << false << "\n";
+        QTest::newRow("utf-16le crlf") << int(QStringConverter::Utf16LE) << true << "\r\n";
+    }
+    void typedLineIsTheOnlyDifference()
+    {
+        QFETCH(int, encoding);
+        QFETCH(bool, bom);
+        QFETCH(QString, ending);
+        const auto converter = QStringConverter::Encoding(encoding);
+        QStringList lines{QStringLiteral("first line, caf\u00e9"), QStringLiteral("second"),
+                          QStringLiteral("third")};
+        const QString typed = QStringLiteral("typed \u00e9t\u00e9");
+        const QString path =
+            file("typed.txt", encoded(lines.join(ending) + ending, converter, bom));
+        PromptRecorder prompts;
+        SedGUI tool;
+        tool.show();
+        QVERIFY(tool.openFile(path, nullptr));
+        tool.editor()->setCursorPosition(1, 0);
+        tool.editor()->setFocus();
+        for (const QChar character : typed) { // keyClicks() only takes ASCII
+            for (const auto type : {QTest::Press, QTest::Release})
+                QTest::sendKeyEvent(type, tool.editor(), Qt::Key_unknown, QString(character),
+                                    Qt::NoModifier);
+        }
+        QTest::keyClick(tool.editor(), Qt::Key_Return);
+        QVERIFY(tool.save());
+        lines.insert(1, typed);
+        QCOMPARE(readAll(path), encoded(lines.join(ending) + ending, converter, bom));
+        QVERIFY(!tool.isModified());
+    }
+
+    void failedSaveKeepsTextModified()
+    {
+        // A file in place of the parent directory: the save fails for root too.
+        const QString blocker = file("not-a-folder", "x");
+        const QString path = blocker + QStringLiteral("/file.txt");
+        PromptRecorder prompts;
+        SedGUI tool;
+        QVERIFY(tool.openFile(path, nullptr));
+        tool.editor()->setText(QStringLiteral("precious"));
+        QSignalSpy saved(&tool, &SedGUI::sigFileSaved);
+        QVERIFY(!tool.save());
+        QVERIFY(tool.isModified());
+        QCOMPARE(tool.editor()->text(), QStringLiteral("precious"));
+        QCOMPARE(saved.count(), 0);
+        QCOMPARE(prompts.asked.size(), 1);
+        QVERIFY2(prompts.asked.first().text.contains(path), qPrintable(prompts.asked.first().text));
+        QCOMPARE(readAll(blocker), QByteArray("x"));
+
+        // A failed save on close keeps the tool open.
+        QSignalSpy closed(&tool, &HubGUITool::sigToolClose);
+        prompts.answers = {UserPrompt::Save};
+        tool.closeTool(false);
+        QCOMPARE(closed.count(), 0);
+        QVERIFY(tool.isModified());
+    }
+
+    void closeAsksWhenModified_data()
+    {
+        QTest::addColumn<int>("answer"); // -1: unmodified, not asked
+        QTest::addColumn<bool>("closes");
+        QTest::addColumn<QByteArray>("onDisk");
+        QTest::newRow("unmodified closes without asking") << -1 << true << QByteArray("old\n");
+        QTest::newRow("save") << int(UserPrompt::Save) << true << QByteArray("new\nold\n");
+        QTest::newRow("discard") << int(UserPrompt::Discard) << true << QByteArray("old\n");
+        QTest::newRow("cancel") << int(UserPrompt::Cancel) << false << QByteArray("old\n");
+    }
+    void closeAsksWhenModified()
+    {
+        QFETCH(int, answer);
+        QFETCH(bool, closes);
+        QFETCH(QByteArray, onDisk);
+        const QString path = file("close.txt", "old\n");
+        PromptRecorder prompts;
+        QPointer<SedGUI> tool = new SedGUI;
+        QVERIFY(tool->openFile(path, nullptr));
+        if (answer >= 0) {
+            prompts.answers = {UserPrompt::Button(answer)};
+            tool->editor()->insertAt(QStringLiteral("new\n"), 0, 0);
+        }
+        QSignalSpy closed(tool.data(), &HubGUITool::sigToolClose);
+        tool->closeTool(false);
+        QCOMPARE(prompts.asked.size(), answer >= 0 ? 1 : 0);
+        QCOMPARE(closed.count(), closes ? 1 : 0);
+        QCOMPARE(readAll(path), onDisk);
+        if (closes) {
+            QCOMPARE(closed.first().first().value<QWidget *>(), tool.data());
+            QTRY_VERIFY(tool.isNull());
+        } else {
+            QVERIFY(tool->isModified());
+            delete tool;
+        }
+    }
+
+    void untitledSaveGoesThroughSaveAs()
+    {
+        PromptRecorder prompts;
+        SedGUI tool;
+        tool.editor()->setText(QStringLiteral("print('hi')\n"));
+        QVERIFY(!tool.save()); // Save As cancelled
+        QCOMPARE(prompts.fileNameRequests, 1);
+        QVERIFY(tool.isModified());
+        prompts.fileName = m_dir.filePath(QStringLiteral("named.py"));
+        QSignalSpy saved(&tool, &SedGUI::sigFileSaved);
+        QVERIFY(tool.save());
+        QCOMPARE(readAll(prompts.fileName), QByteArray("print('hi')\n"));
+        QCOMPARE(saved.count(), 1);
+        QCOMPARE(saved.first().first().toString(), prompts.fileName);
+        QCOMPARE(tool.getTabText(), QStringLiteral("named.py"));
+        QCOMPARE(tool.languageName(), QStringLiteral("Python"));
+    }
+
+    void missingPathCreatesNothingUntilSaved()
+    {
+        const QString path = m_dir.filePath(QStringLiteral("later.txt"));
+        PromptRecorder prompts;
+        SedGUI tool;
+        QVERIFY(tool.openFile(path, nullptr));
+        QVERIFY(!QFile::exists(path));
+        tool.editor()->setText(QStringLiteral("now\n"));
+        QVERIFY(tool.save());
+        QCOMPARE(readAll(path), QByteArray("now\n"));
+        QVERIFY(prompts.asked.isEmpty());
+    }
+
+    void hugeLineOpensPlainAndSavesExactly_data()
+    {
+        QTest::addColumn<int>("lineBytes");
+        QTest::addColumn<QByteArray>("ending");
+        QTest::addColumn<bool>("readOnly");
+        QTest::newRow("200 KB line stays editable") << 200 * 1024 << QByteArray("\n") << false;
+        QTest::newRow("5 MB line, LF") << 5 * 1024 * 1024 << QByteArray("\n") << true;
+        QTest::newRow("5 MB line, CRLF") << 5 * 1024 * 1024 << QByteArray("\r\n") << true;
+    }
+    void hugeLineOpensPlainAndSavesExactly()
+    {
+        QFETCH(int, lineBytes);
+        QFETCH(QByteArray, ending);
+        QFETCH(bool, readOnly);
+        // Multi-byte characters throughout: display breaks must not split them.
+        QByteArray line;
+        line.reserve(lineBytes);
+        while (line.size() < lineBytes)
+            line += "{x}(\xc3\xa9);\xe2\x82\xac ";
+        const QByteArray bytes = "short" + ending + line + ending + line + ending + "end";
+        const QString path = file("huge.c", bytes);
+        PromptRecorder prompts;
+        SedGUI tool;
+        QVERIFY(tool.openFile(path, nullptr));
+        QVERIFY(tool.hasHugeLines());
+        QVERIFY(tool.editor()->lexer() == nullptr);
+        QCOMPARE(tool.editor()->wrapMode(), QsciScintilla::WrapNone);
+        QCOMPARE(tool.editor()->isReadOnly(), readOnly);
+        QVERIFY(!tool.infoBar()->message().isEmpty());
+        QVERIFY(!tool.isModified());
+        if (readOnly) {
+            QVERIFY(tool.editor()->lines() > 2 * lineBytes / 1000);
+            for (int i = 0; i < tool.editor()->lines(); ++i)
+                QVERIFY(tool.editor()->text(i).size() <= 1002);
+        }
+        QVERIFY(tool.saveTo(path));
+        QVERIFY(readAll(path) == bytes);
+    }
+
+    void processArgsSelectsTheLine()
+    {
+        QByteArray bytes;
+        for (int i = 1; i <= 200; ++i)
+            bytes += "line " + QByteArray::number(i) + '\n';
+        const QString path = file("lines.txt", bytes);
+        SedGUI tool;
+        QVERIFY(tool.openFile(path, nullptr));
+        tool.processArgs(nullptr, {path, QStringLiteral("-line"), QStringLiteral("150")});
+        int line = -1;
+        int index = -1;
+        tool.editor()->getCursorPosition(&line, &index);
+        QCOMPARE(line, 149);
+        tool.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&tool));
+        QCOMPARE(tool.selectedText(), QStringLiteral("line 150"));
+    }
+
+    void reopenWithEncoding()
+    {
+        const QString path = file("reopen.txt", "caf\xe9\n");
+        PromptRecorder prompts;
+        SedGUI tool;
+        QVERIFY(tool.openFile(path, nullptr));
+        const QString before = tool.editor()->text();
+        QVERIFY(!tool.reloadWithEncoding("UTF-8")); // not valid UTF-8: refused with a message
+        QCOMPARE(prompts.asked.size(), 1);
+        QCOMPARE(tool.editor()->text(), before);
+        QVERIFY(tool.reloadWithEncoding("WINDOWS-1252"));
+        QCOMPARE(tool.editor()->text(), QStringLiteral("caf\u00e9\n"));
+        // A modified document asks first; Escape keeps the edit, saved in the new encoding.
+        tool.editor()->insertAt(QStringLiteral("edit "), 0, 0);
+        QVERIFY(!tool.reloadWithEncoding("ISO-8859-15"));
+        QCOMPARE(prompts.asked.size(), 2);
+        QVERIFY(tool.save());
+        QCOMPARE(readAll(path), QByteArray("edit caf\xe9\n"));
+    }
 };
-
-void TestSedGUI::roundTripWithoutEdit_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::newRow("utf-8") << QByteArray(
-        "int main()\n{\n    return 0; // \xc3\xa9\xe2\x82\xac\n}\n");
-    QTest::newRow("utf-8 with bom") << QByteArray("\xef\xbb\xbfhello\nworld\n");
-    QTest::newRow("invalid bytes and nul") << QByteArray("ok \xff\xfe bad \xc3( and\0nul\n", 21);
-    QTest::newRow("crlf") << QByteArray("one\r\ntwo\r\nthree\r\n");
-    QTest::newRow("cr") << QByteArray("one\rtwo\r");
-    QTest::newRow("mixed endings") << QByteArray("a\r\nb\nc\rd");
-    QTest::newRow("latin-1") << QByteArray("caf\xe9 cr\xe8me br\xfbl\xe9\xe9 na\xefve\n");
-    QTest::newRow("utf-16le bom") << encoded(QStringLiteral("h\u00e9llo\r\nw\u00f6rld\r\n"),
-                                             QStringConverter::Utf16LE, true);
-    QTest::newRow("utf-16be bom") << encoded(QStringLiteral("\u20ac uro\n"),
-                                             QStringConverter::Utf16BE, true);
-    QTest::newRow("empty") << QByteArray();
-    QTest::newRow("no final newline") << QByteArray("last line");
-}
-
-void TestSedGUI::roundTripWithoutEdit()
-{
-    QFETCH(QByteArray, bytes);
-    const QString path = file("round.txt", bytes);
-    PromptRecorder prompts;
-    SedGUI tool;
-    QString error;
-    QVERIFY2(tool.openFile(path, &error), qPrintable(error));
-    QVERIFY(!tool.isModified());
-    QVERIFY(tool.saveTo(path));
-    QCOMPARE(readAll(path), bytes);
-    QVERIFY(prompts.asked.isEmpty());
-}
-
-void TestSedGUI::typedLineIsTheOnlyDifference_data()
-{
-    QTest::addColumn<QString>("encoding");
-    QTest::addColumn<bool>("bom");
-    QTest::addColumn<QString>("ending");
-    QTest::newRow("utf-8 lf") << "UTF-8" << false << "\n";
-    QTest::newRow("utf-8 crlf") << "UTF-8" << false << "\r\n";
-    QTest::newRow("latin-1 lf") << "ISO-8859-1" << false << "\n";
-    QTest::newRow("utf-16le crlf") << "UTF-16LE" << true << "\r\n";
-}
-
-void TestSedGUI::typedLineIsTheOnlyDifference()
-{
-    QFETCH(QString, encoding);
-    QFETCH(bool, bom);
-    QFETCH(QString, ending);
-    const auto converter = QStringConverter::encodingForName(encoding.toLatin1().constData());
-    QVERIFY(converter.has_value());
-    QStringList lines{QStringLiteral("first line, caf\u00e9"), QStringLiteral("second"),
-                      QStringLiteral("third")};
-    const QString typed = QStringLiteral("typed \u00e9t\u00e9");
-    const QString path = file("typed.txt", encoded(lines.join(ending) + ending, *converter, bom));
-
-    PromptRecorder prompts;
-    SedGUI tool;
-    tool.show();
-    QVERIFY(tool.openFile(path, nullptr));
-    tool.editor()->setCursorPosition(1, 0);
-    tool.editor()->setFocus();
-    for (const QChar character : typed) { // keyClicks() only takes ASCII
-        for (const auto type : {QTest::Press, QTest::Release})
-            QTest::sendKeyEvent(type, tool.editor(), Qt::Key_unknown, QString(character),
-                                Qt::NoModifier);
-    }
-    QTest::keyClick(tool.editor(), Qt::Key_Return);
-    QVERIFY(tool.save());
-    lines.insert(1, typed);
-    QCOMPARE(readAll(path), encoded(lines.join(ending) + ending, *converter, bom));
-    QVERIFY(!tool.isModified());
-}
-
-void TestSedGUI::failedSaveKeepsTextModified()
-{
-    // A file in place of the parent directory: the save fails for root too.
-    const QString blocker = file("not-a-folder", "x");
-    const QString path = blocker + QStringLiteral("/file.txt");
-    PromptRecorder prompts;
-    SedGUI tool;
-    QVERIFY(tool.openFile(path, nullptr));
-    tool.editor()->setText(QStringLiteral("precious"));
-    QSignalSpy saved(&tool, &SedGUI::sigFileSaved);
-
-    QVERIFY(!tool.save());
-    QVERIFY(tool.isModified());
-    QCOMPARE(tool.editor()->text(), QStringLiteral("precious"));
-    QCOMPARE(saved.count(), 0);
-    QCOMPARE(prompts.asked.size(), 1);
-    QVERIFY2(prompts.asked.first().text.contains(path), qPrintable(prompts.asked.first().text));
-    QCOMPARE(readAll(blocker), QByteArray("x"));
-
-    // A failed save on close keeps the tool open.
-    QSignalSpy closed(&tool, &HubGUITool::sigToolClose);
-    prompts.answers = {UserPrompt::Save};
-    tool.closeTool(false);
-    QCOMPARE(closed.count(), 0);
-    QVERIFY(tool.isModified());
-}
-
-void TestSedGUI::closeAsksWhenModified_data()
-{
-    QTest::addColumn<int>("answer"); // -1: unmodified, not asked
-    QTest::addColumn<bool>("closes");
-    QTest::addColumn<QByteArray>("onDisk");
-    QTest::newRow("unmodified closes without asking") << -1 << true << QByteArray("old\n");
-    QTest::newRow("save") << int(UserPrompt::Save) << true << QByteArray("new\nold\n");
-    QTest::newRow("discard") << int(UserPrompt::Discard) << true << QByteArray("old\n");
-    QTest::newRow("cancel") << int(UserPrompt::Cancel) << false << QByteArray("old\n");
-}
-
-void TestSedGUI::closeAsksWhenModified()
-{
-    QFETCH(int, answer);
-    QFETCH(bool, closes);
-    QFETCH(QByteArray, onDisk);
-    const QString path = file("close.txt", "old\n");
-    PromptRecorder prompts;
-    QPointer<SedGUI> tool = new SedGUI;
-    QVERIFY(tool->openFile(path, nullptr));
-    if (answer >= 0) {
-        prompts.answers = {UserPrompt::Button(answer)};
-        tool->editor()->insertAt(QStringLiteral("new\n"), 0, 0);
-    }
-    QSignalSpy closed(tool.data(), &HubGUITool::sigToolClose);
-
-    tool->closeTool(false);
-    QCOMPARE(prompts.asked.size(), answer >= 0 ? 1 : 0);
-    QCOMPARE(closed.count(), closes ? 1 : 0);
-    QCOMPARE(readAll(path), onDisk);
-    if (closes) {
-        QCOMPARE(closed.first().first().value<QWidget *>(), tool.data());
-        QTRY_VERIFY(tool.isNull());
-    } else {
-        QVERIFY(tool->isModified());
-        delete tool;
-    }
-}
-
-void TestSedGUI::untitledSaveGoesThroughSaveAs()
-{
-    PromptRecorder prompts;
-    SedGUI tool;
-    tool.editor()->setText(QStringLiteral("print('hi')\n"));
-    QVERIFY(!tool.save()); // Save As cancelled
-    QCOMPARE(prompts.fileNameRequests, 1);
-    QVERIFY(tool.isModified());
-
-    prompts.fileName = m_dir.filePath(QStringLiteral("named.py"));
-    QSignalSpy saved(&tool, &SedGUI::sigFileSaved);
-    QVERIFY(tool.save());
-    QCOMPARE(readAll(prompts.fileName), QByteArray("print('hi')\n"));
-    QCOMPARE(saved.count(), 1);
-    QCOMPARE(saved.first().first().toString(), prompts.fileName);
-    QCOMPARE(tool.getTabText(), QStringLiteral("named.py"));
-    QCOMPARE(tool.languageName(), QStringLiteral("Python"));
-}
-
-void TestSedGUI::missingPathCreatesNothingUntilSaved()
-{
-    const QString path = m_dir.filePath(QStringLiteral("later.txt"));
-    PromptRecorder prompts;
-    SedGUI tool;
-    QVERIFY(tool.openFile(path, nullptr));
-    QVERIFY(!QFile::exists(path));
-    tool.editor()->setText(QStringLiteral("now\n"));
-    QVERIFY(tool.save());
-    QCOMPARE(readAll(path), QByteArray("now\n"));
-    QVERIFY(prompts.asked.isEmpty());
-}
-
-void TestSedGUI::hugeLineOpensPlainAndSavesExactly_data()
-{
-    QTest::addColumn<int>("lineBytes");
-    QTest::addColumn<QByteArray>("ending");
-    QTest::addColumn<bool>("readOnly");
-    QTest::newRow("200 KB line stays editable") << 200 * 1024 << QByteArray("\n") << false;
-    QTest::newRow("5 MB line, LF") << 5 * 1024 * 1024 << QByteArray("\n") << true;
-    QTest::newRow("5 MB line, CRLF") << 5 * 1024 * 1024 << QByteArray("\r\n") << true;
-}
-
-void TestSedGUI::hugeLineOpensPlainAndSavesExactly()
-{
-    QFETCH(int, lineBytes);
-    QFETCH(QByteArray, ending);
-    QFETCH(bool, readOnly);
-    // Multi-byte characters throughout: display breaks must not split them.
-    QByteArray line;
-    line.reserve(lineBytes);
-    while (line.size() < lineBytes)
-        line += "{x}(\xc3\xa9);\xe2\x82\xac ";
-    const QByteArray bytes = "short" + ending + line + ending + line + ending + "end";
-    const QString path = file("huge.c", bytes);
-    PromptRecorder prompts;
-    SedGUI tool;
-    QVERIFY(tool.openFile(path, nullptr));
-    QVERIFY(tool.hasHugeLines());
-    QVERIFY(tool.editor()->lexer() == nullptr);
-    QCOMPARE(tool.editor()->wrapMode(), QsciScintilla::WrapNone);
-    QCOMPARE(tool.editor()->isReadOnly(), readOnly);
-    QVERIFY(!tool.infoBar()->message().isEmpty());
-    QVERIFY(!tool.isModified());
-    if (readOnly) {
-        QVERIFY(tool.editor()->lines() > 2 * lineBytes / 1000);
-        for (int i = 0; i < tool.editor()->lines(); ++i)
-            QVERIFY(tool.editor()->text(i).size() <= 1002);
-    }
-    QVERIFY(tool.saveTo(path));
-    QVERIFY(readAll(path) == bytes);
-}
-
-void TestSedGUI::processArgsSelectsTheLine()
-{
-    QByteArray bytes;
-    for (int i = 1; i <= 200; ++i)
-        bytes += "line " + QByteArray::number(i) + '\n';
-    const QString path = file("lines.txt", bytes);
-    SedGUI tool;
-    QVERIFY(tool.openFile(path, nullptr));
-    tool.processArgs(nullptr, {path, QStringLiteral("-line"), QStringLiteral("150")});
-    int line = -1;
-    int index = -1;
-    tool.editor()->getCursorPosition(&line, &index);
-    QCOMPARE(line, 149);
-    tool.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&tool));
-    QCOMPARE(tool.selectedText(), QStringLiteral("line 150"));
-}
-
-void TestSedGUI::reopenWithEncoding()
-{
-    const QString path = file("reopen.txt", "caf\xe9\n");
-    PromptRecorder prompts;
-    SedGUI tool;
-    QVERIFY(tool.openFile(path, nullptr));
-    const QString before = tool.editor()->text();
-    QVERIFY(!tool.reloadWithEncoding("UTF-8")); // not valid UTF-8: refused with a message
-    QCOMPARE(prompts.asked.size(), 1);
-    QCOMPARE(tool.editor()->text(), before);
-    QVERIFY(tool.reloadWithEncoding("WINDOWS-1252"));
-    QCOMPARE(tool.editor()->text(), QStringLiteral("caf\u00e9\n"));
-
-    // A modified document asks first; Escape keeps the edit, saved in the new encoding.
-    tool.editor()->insertAt(QStringLiteral("edit "), 0, 0);
-    QVERIFY(!tool.reloadWithEncoding("ISO-8859-15"));
-    QCOMPARE(prompts.asked.size(), 2);
-    QVERIFY(tool.save());
-    QCOMPARE(readAll(path), QByteArray("edit caf\xe9\n"));
-}
 
 QTEST_MAIN(TestSedGUI)
 #include "tst_sedgui.moc"
