@@ -5,6 +5,7 @@
 #include "userprompt.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QFile>
 #include <QHBoxLayout>
 #include <QMenu>
@@ -134,8 +135,10 @@ private Q_SLOTS:
         first->editor()->setText(QStringLiteral("one"));
         second->editor()->setText(QStringLiteral("two"));
         window.show();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
+        // Made active directly, not by a window manager that may be slow or absent.
+        QApplication::setActiveWindow(&window);
         first->editor()->setFocus();
+        QCOMPARE(QApplication::focusWidget(), first->editor());
         QTest::keyClick(first->editor(), Qt::Key_D, Qt::ControlModifier);
         QTest::keyClick(first->editor(), Qt::Key_U, Qt::ControlModifier | Qt::ShiftModifier);
         QCOMPARE(first->editor()->text(), QStringLiteral("ONE\none"));
