@@ -19,19 +19,15 @@ private Q_SLOTS:
         const auto row = [](const char *tag, const char *name, const char *line, const char *lang) {
             QTest::newRow(tag) << QString(name) << QByteArray(line) << QString(lang);
         };
-        row("c source", "/src/main.c", "", "C");
         row("upper-case C is c++", "old.C", "", "C++");
-        row("suffix ignores case", "SCRIPT.PY", "", "Python");
-        row("exact name", "/x/CMakeLists.txt", "", "CMake");
+        row("suffix ignores case, folder dropped", "/x/SCRIPT.PY", "", "Python");
         row("name wins over first line", "a.rb", "#!/bin/sh", "Ruby");
         row("shebang path", "run", "#!/bin/bash", "Bash");
-        row("shebang env versioned", "tool", "#!/usr/bin/env python3.11", "Python");
-        row("shebang env -S", "tool", "#! /usr/bin/env -S perl -w", "Perl");
+        row("shebang env -S, versioned", "tool", "#! /usr/bin/env -S python3.11 -u", "Python");
         row("shebang unknown", "tool", "#!/usr/bin/awk -f", "");
         row("xml declaration", "data", "<?xml version=\"1.0\"?>", "XML");
         row("html doctype", "page", "<!DOCTYPE html>", "HTML");
         row("plain text", "notes.txt", "hello", "");
-        row("no name, no line", "", "", "");
     }
     void detect()
     {
