@@ -34,6 +34,15 @@ template<typename T = QCheckBox> T *control(const Page &page, const char *name)
     return widget;
 }
 
+QVariantList fields(const EditorSettings::Values &v)
+{
+    return QVariantList() << v.font.family() << v.font.pointSize() << v.tabWidth
+                          << v.indentWithSpaces << v.autoIndent << v.lineNumbers << v.wordWrap
+                          << v.showWhitespace << v.highlightCurrentLine << v.braceMatching
+                          << v.defaultEncoding << int(v.defaultLineEnding)
+                          << v.reloadUnmodifiedSilently << v.trimTrailingWhitespace;
+}
+
 } // namespace
 
 class TstOptionPages : public QObject
@@ -43,10 +52,57 @@ class TstOptionPages : public QObject
 private Q_SLOTS:
     void init() { BaseUsrSettings("SRC_EDITOR").clear(); }
 
+    void storedValuesLoadAgain()
+    {
+        EditorSettings::Values v = EditorSettings::defaults();
+        v.font.setFamily(QStringLiteral("DejaVu Sans"));
+        v.font.setPointSize(17);
+        v.tabWidth = 8;
+        v.defaultEncoding = "WINDOWS-1252";
+        v.defaultLineEnding = LineEnding::CRLF;
+        for (bool *flag : {&v.indentWithSpaces, &v.autoIndent, &v.lineNumbers, &v.wordWrap,
+                           &v.showWhitespace, &v.highlightCurrentLine, &v.braceMatching,
+                           &v.reloadUnmodifiedSilently, &v.trimTrailingWhitespace})
+            *flag = !*flag;
+        QVERIFY(EditorSettings::store(v));
+        QCOMPARE(fields(EditorSettings::load()), fields(v));
+    }
+
+    // Each malformed value must read as its own default.
+    void malformedValuesReadAsDefaults()
+    {
+        const QVariantMap stored{{"Editor/TabWidth", 0},
+                                 {"Editor/FontSize", 500},
+                                 {"Editor/LineNumbers", "maybe"},
+                                 {"Editor/WordWrap", QStringList{"a", "b"}},
+                                 {"Files/DefaultEncoding", "NO-SUCH-CODE"},
+                                 {"Files/DefaultLineEnding", "LFCR"},
+                                 {"Files/TrimTrailingWhitespace", 7}};
+        BaseUsrSettings settings("SRC_EDITOR");
+        for (auto it = stored.cbegin(); it != stored.cend(); ++it)
+            settings.setValue(it.key(), it.value());
+        settings.sync();
+        QCOMPARE(fields(EditorSettings::load()), fields(EditorSettings::defaults()));
+    }
+
+    // Each page's Apply reaches every open tool and the store, and keeps the other page's values.
     void applyChangesEveryOpenToolAndPersists()
     {
         SedGUI first;
         SedGUI second;
+        first.editor()->setText(QStringLiteral("a  \nb\t\n"));
+        first.prepareForSave();
+        QCOMPARE(first.editor()->text(), QStringLiteral("a  \nb\t\n"));
+        {
+            Page page = shownPage("Files");
+            auto *encoding = control<QComboBox>(page, "defaultEncoding");
+            auto *lineEnding = control<QComboBox>(page, "defaultLineEnding");
+            encoding->setCurrentIndex(encoding->findData(QByteArray("ISO-8859-1")));
+            lineEnding->setCurrentIndex(lineEnding->findData(int(LineEnding::CR)));
+            control(page, "reloadUnmodifiedSilently")->setChecked(true);
+            control(page, "trimTrailingWhitespace")->setChecked(true);
+            page->applyPage();
+        }
         {
             Page page = shownPage("Editor");
             control<QSpinBox>(page, "tabWidth")->setValue(7);
@@ -56,6 +112,13 @@ private Q_SLOTS:
                 control(page, name)->setChecked(false);
             page->applyPage();
         }
+        first.prepareForSave();
+        QCOMPARE(first.editor()->text(), QStringLiteral("a\nb\n"));
+        const EditorSettings::Values values = EditorSettings::load();
+        QCOMPARE(values.defaultEncoding, QByteArray("ISO-8859-1"));
+        QCOMPARE(values.defaultLineEnding, LineEnding::CR);
+        QVERIFY(values.reloadUnmodifiedSilently);
+
         // A new tool and a new page (the next start) read only what is in the store.
         SedGUI next;
         for (SedGUI *tool : {&first, &second, &next}) {
@@ -81,9 +144,8 @@ private Q_SLOTS:
         stored.showWhitespace = true;
         stored.trimTrailingWhitespace = true;
         QVERIFY(EditorSettings::store(stored));
-        QCOMPARE(OptionPages::names(), (QStringList{"Editor", "Files"}));
-        for (const QString &name : OptionPages::names())
-            Page(OptionPages::create(name))->applyPage();
+        for (const char *name : {"Editor", "Files"})
+            Page(OptionPages::create(QLatin1String(name)))->applyPage();
 
         SedGUI tool;
         Page page = shownPage("Editor");
@@ -103,32 +165,6 @@ private Q_SLOTS:
         QCOMPARE(tool.editor()->tabWidth(), 2);
         QCOMPARE(tool.editor()->whitespaceVisibility(), QsciScintilla::WsVisible);
         QVERIFY(tool.editor()->marginWidth(0) > 0);
-    }
-
-    void filesPageStoresItsValuesAndTrimsOnSave()
-    {
-        SedGUI tool;
-        tool.editor()->setText(QStringLiteral("a  \nb\t\n"));
-        tool.prepareForSave();
-        QCOMPARE(tool.editor()->text(), QStringLiteral("a  \nb\t\n"));
-
-        Page page = shownPage("Files");
-        auto *encoding = control<QComboBox>(page, "defaultEncoding");
-        auto *lineEnding = control<QComboBox>(page, "defaultLineEnding");
-        encoding->setCurrentIndex(encoding->findData(QByteArray("ISO-8859-1")));
-        lineEnding->setCurrentIndex(lineEnding->findData(int(LineEnding::CR)));
-        control(page, "reloadUnmodifiedSilently")->setChecked(true);
-        control(page, "trimTrailingWhitespace")->setChecked(true);
-        page->applyPage();
-        tool.prepareForSave();
-        QCOMPARE(tool.editor()->text(), QStringLiteral("a\nb\n"));
-
-        const EditorSettings::Values values = EditorSettings::load();
-        QCOMPARE(values.defaultEncoding, QByteArray("ISO-8859-1"));
-        QCOMPARE(values.defaultLineEnding, LineEnding::CR);
-        QVERIFY(values.reloadUnmodifiedSilently);
-        // Applying one page leaves the other page's values alone.
-        QCOMPARE(values.tabWidth, EditorSettings::defaults().tabWidth);
     }
 };
 
