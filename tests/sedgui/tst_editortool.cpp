@@ -61,12 +61,10 @@ QByteArray readFile(const QString &path)
 // Writes the bytes to a file in dir and opens it in the tool.
 QString openWith(SedGUI &tool, const QTemporaryDir &dir, const QByteArray &bytes)
 {
-    const QString path = dir.filePath(QStringLiteral("file.txt"));
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        return {};
+    QFile file(dir.filePath(QStringLiteral("file.txt")));
+    const bool written = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
     file.close();
-    return tool.openFile(path, nullptr) ? path : QString();
+    return written && tool.openFile(file.fileName(), nullptr) ? file.fileName() : QString();
 }
 
 } // namespace
@@ -83,45 +81,19 @@ private Q_SLOTS:
     {
         SedGUI first;
         SedGUI second;
-        QAction *firstWrap = findAction(&first, SedGUI::ViewMenu, "wordWrap");
-        QVERIFY(firstWrap && firstWrap != findAction(&second, SedGUI::ViewMenu, "wordWrap"));
-        QVERIFY(!firstWrap->isChecked());
-        firstWrap->trigger();
+        QAction *wrap = findAction(&first, SedGUI::ViewMenu, "wordWrap");
+        QVERIFY(wrap && wrap != findAction(&second, SedGUI::ViewMenu, "wordWrap"));
+        wrap->trigger();
         QCOMPARE(first.editor()->wrapMode(), QsciScintilla::WrapWord);
         QCOMPARE(second.editor()->wrapMode(), QsciScintilla::WrapNone);
-
         second.editor()->setWhitespaceVisibility(QsciScintilla::WsVisible);
         QVERIFY(findAction(&second, SedGUI::ViewMenu, "showWhitespace")->isChecked());
         QVERIFY(!findAction(&first, SedGUI::ViewMenu, "showWhitespace")->isChecked());
-        QVERIFY(findAction(&first, SedGUI::ViewMenu, "wordWrap")->isChecked());
-
         QAction *lineNumbers = findAction(&first, SedGUI::ViewMenu, "lineNumbers");
         QVERIFY(lineNumbers->isChecked());
         lineNumbers->trigger();
         QCOMPARE(first.editor()->marginWidth(0), 0);
         QVERIFY(second.editor()->marginWidth(0) > 0);
-    }
-
-    // The tool's keys clash neither with each other nor with the shell's shared
-    // actions and the desktop-standard keys.
-    void shortcutsDoNotClashWithTheCatalogue()
-    {
-        QSet<QString> seen{"Ctrl+Z", "Ctrl+Y", "Ctrl+X",       "Ctrl+C",       "Ctrl+V", "Ctrl+N",
-                           "Ctrl+O", "Ctrl+W", "Ctrl+S",       "Ctrl+Shift+S", "Ctrl+P", "Ctrl+Q",
-                           "Ctrl+F", "F3",     "Shift+F3",     "Ctrl+H",       "Ctrl+R", "Ctrl+G",
-                           "Ctrl+A", "Del",    "Ctrl+Shift+Z", "Ctrl+Shift+F"};
-        SedGUI tool;
-        for (int menu : {SedGUI::EditMenu, SedGUI::ViewMenu}) {
-            for (QAction *action : *tool.getMenuActions(menu)) {
-                for (const QKeySequence &key : action->shortcuts()) {
-                    const QString text = key.toString(QKeySequence::PortableText);
-                    QVERIFY2(!seen.contains(text), qPrintable(text));
-                    seen.insert(text);
-                }
-            }
-        }
-        QVERIFY(seen.contains(QStringLiteral("Ctrl+/")));
-        QVERIFY(seen.contains(QStringLiteral("Ctrl+D")));
     }
 
     void shortcutReachesTheFocusedToolOnly()
@@ -155,11 +127,9 @@ private Q_SLOTS:
                             const char *encoding, QByteArray saved) {
             QTest::newRow(name) << original << QString(lineEnding) << QByteArray(encoding) << saved;
         };
-        row("LF to CRLF", "a\nb\n", "lineEndingCRLF", "", "a\r\nb\r\n");
-        row("CRLF to LF", "a\r\nb\r\n", "lineEndingLF", "", "a\nb\n");
         row("mixed to CR", "a\r\nb\nc", "lineEndingCR", "", "a\rb\rc");
-        row("UTF-8 to Latin-1", "caf\xc3\xa9\n", "", "ISO-8859-1", "caf\xe9\n");
-        row("UTF-8 to UTF-16LE", "a\n", "", "UTF-16LE", QByteArray::fromHex("fffe61000a00"));
+        row("CRLF to LF and UTF-16LE", "a\r\n", "lineEndingLF", "UTF-16LE",
+            QByteArray::fromHex("fffe61000a00"));
         row("UTF-8 to Windows-1252 and CRLF", "\xe2\x82\xac 1\n", "lineEndingCRLF", "WINDOWS-1252",
             "\x80 1\r\n");
     }
@@ -239,8 +209,6 @@ private Q_SLOTS:
         QFETCH(bool, files);
         FakeWindow window;
         auto *tool = new SedGUI(&window);
-        window.resize(400, 300);
-        tool->resize(400, 300);
         tool->editor()->setText(QStringLiteral("keep"));
         tool->editor()->setCursorPosition(0, 0);
         window.show();
@@ -256,8 +224,6 @@ private Q_SLOTS:
         QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(viewport, &enter);
         QVERIFY(enter.isAccepted());
-        QDragMoveEvent move(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(viewport, &move);
         QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(viewport, &drop);
         QCoreApplication::processEvents();
