@@ -297,8 +297,7 @@ private Q_SLOTS:
         lexer.setFont(font);
         editor.setLexer(&lexer);
 
-        // Lines per page measured apart from the printer; half a page of slack keeps the count
-        // exact.
+        // Lines per page measured apart from the printer, with half a page of slack.
         const QRect pageRect = printer.pageLayout().paintRectPixels(printer.resolution());
         const int linesPerPage = pageRect.height() / QFontMetrics(font, &printer).lineSpacing();
         QVERIFY(linesPerPage > 20);

@@ -197,11 +197,8 @@ private Q_SLOTS:
         QCOMPARE(tool.editor()->isReadOnly(), readOnly);
         QVERIFY(!tool.infoBar()->message().isEmpty());
         QVERIFY(!tool.isModified());
-        if (readOnly) {
-            QVERIFY(tool.editor()->lines() > 2 * lineBytes / 1000);
-            for (int i = 0; i < tool.editor()->lines(); ++i)
-                QVERIFY(tool.editor()->text(i).size() <= 1002);
-        }
+        for (int i = 0; readOnly && i < tool.editor()->lines(); ++i)
+            QVERIFY(tool.editor()->text(i).size() <= 1002); // broken for display
         QVERIFY(tool.saveTo(path));
         QVERIFY(readAll(path) == bytes);
     }
