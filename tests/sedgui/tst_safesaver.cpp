@@ -54,9 +54,8 @@ class TstSafeSaver : public QObject
 private slots:
     void savesAndKeepsTheFileAsItWas_data();
     void savesAndKeepsTheFileAsItWas();
-    void refusesDirectory();
-    void fileSizeLimitKeepsOldBytes_data();
-    void fileSizeLimitKeepsOldBytes();
+    void refusedSaveKeepsOldBytes_data();
+    void refusedSaveKeepsOldBytes();
     void unprivilegedUser_data();
     void unprivilegedUser();
 };
@@ -114,40 +113,34 @@ void TstSafeSaver::savesAndKeepsTheFileAsItWas()
     }
 }
 
-void TstSafeSaver::refusesDirectory()
+void TstSafeSaver::refusedSaveKeepsOldBytes_data()
 {
-    QTemporaryDir dir;
-    QString error;
-    QVERIFY(!SafeSaver::save(dir.path(), NewText, &error));
-    QCOMPARE(error, QStringLiteral("Cannot save %1: it is a directory").arg(dir.path()));
-    QVERIFY(entries(dir.path()).isEmpty());
+    QTest::addColumn<int>("links"); // 0: the path is the folder itself
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("directory") << 0 << "it is a directory";
+    // The size limit lets the old text be written back, not the new one.
+    QTest::newRow("size limit, replaced by rename") << 1 << "File too large";
+    QTest::newRow("size limit, written in place") << 2 << "File too large";
 }
 
-void TstSafeSaver::fileSizeLimitKeepsOldBytes_data()
+void TstSafeSaver::refusedSaveKeepsOldBytes()
 {
-    QTest::addColumn<bool>("hardLinked");
-    QTest::newRow("replaced by rename") << false;
-    QTest::newRow("written in place") << true;
-}
-
-void TstSafeSaver::fileSizeLimitKeepsOldBytes()
-{
-    QFETCH(bool, hardLinked);
+    QFETCH(int, links);
+    QFETCH(QString, reason);
     QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("big.txt"));
+    const QString path = links ? dir.filePath(QStringLiteral("big.txt")) : dir.path();
     const QString alias = dir.filePath(QStringLiteral("alias.txt"));
-    writeFile(path, OldText);
-    if (hardLinked)
+    if (links)
+        writeFile(path, OldText);
+    if (links == 2)
         QCOMPARE(::link(native(path).constData(), native(alias).constData()), 0);
 
-    // The limit lets the old text be written back, not the new one.
     const auto result =
         FileOpsRunner::run(FileOpsRunner::Save, path, QByteArray(64 * 1024, 'n'), false, 4096);
     QVERIFY(!result.ok);
-    QCOMPARE(QString::fromUtf8(result.out),
-             QStringLiteral("Cannot save %1: File too large").arg(path));
-    QCOMPARE(readFile(path), OldText);
-    QCOMPARE(entries(dir.path()).size(), hardLinked ? 2 : 1);
+    QCOMPARE(QString::fromUtf8(result.out), QStringLiteral("Cannot save %1: %2").arg(path, reason));
+    QCOMPARE(readFile(path), links ? OldText : QByteArray("<unreadable>"));
+    QCOMPARE(entries(dir.path()).size(), links);
 }
 
 void TstSafeSaver::unprivilegedUser_data()
