@@ -26,6 +26,19 @@ public:
         QByteArray out; // the bytes read, or the error message
     };
 
+    static bool writeFile(const QString &path, const QByteArray &bytes)
+    {
+        QFile file(path);
+        return file.open(QIODevice::WriteOnly | QIODevice::Truncate) &&
+               file.write(bytes) == bytes.size();
+    }
+
+    static QByteArray readFile(const QString &path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<unreadable>");
+    }
+
     // Empty when "nobody" can reach the temporary folder; otherwise why not.
     // As root, the private folder tests/isolated.sh made for this run is
     // opened up; nothing above it is changed.
@@ -55,8 +68,7 @@ public:
         const pid_t pid = ::fork();
         if (pid == 0) {
             ::close(fds[0]);
-            // Without this a write past the limit kills the child instead of
-            // failing with EFBIG.
+            // Or a write past the limit kills the child instead of failing with EFBIG.
             std::signal(SIGXFSZ, SIG_IGN);
             const struct rlimit limit = {sizeLimit, sizeLimit};
             bool ok = sizeLimit == RLIM_INFINITY || ::setrlimit(RLIMIT_FSIZE, &limit) == 0;
