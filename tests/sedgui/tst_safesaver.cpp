@@ -1,14 +1,10 @@
 #include "fileopsrunner.h"
 #include "safesaver.h"
 
-#include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <sys/stat.h>
 #include <sys/xattr.h>
-#include <unistd.h>
 
 using namespace koru::sedgui;
 
@@ -20,19 +16,6 @@ const QByteArray NewText = "the new text\nwith two lines\n";
 QByteArray native(const QString &path)
 {
     return QFile::encodeName(path);
-}
-
-void writeFile(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    QCOMPARE(file.write(bytes), bytes.size());
-}
-
-QByteArray readFile(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<unreadable>");
 }
 
 struct stat statOf(const QString &path)
@@ -58,9 +41,8 @@ class TstSafeSaver : public QObject
 private slots:
     void savesAndKeepsTheFileAsItWas_data();
     void savesAndKeepsTheFileAsItWas();
-    void refusesDirectory();
-    void fileSizeLimitKeepsOldBytes_data();
-    void fileSizeLimitKeepsOldBytes();
+    void refusedSaveKeepsOldBytes_data();
+    void refusedSaveKeepsOldBytes();
     void unprivilegedUser_data();
     void unprivilegedUser();
 };
@@ -75,7 +57,6 @@ void TstSafeSaver::savesAndKeepsTheFileAsItWas_data()
 void TstSafeSaver::savesAndKeepsTheFileAsItWas()
 {
     QFETCH(QString, kind);
-
     QTemporaryDir dir;
     QVERIFY(QDir(dir.path()).mkdir(QStringLiteral("real")));
     const QString realDir = dir.filePath(QStringLiteral("real"));
@@ -86,9 +67,8 @@ void TstSafeSaver::savesAndKeepsTheFileAsItWas()
     ::umask(mask);
     mode_t mode = 0666 & ~mask;
     if (kind != QLatin1String("new file")) {
-        writeFile(target, OldText);
-        mode = 0750;
-        QCOMPARE(::chmod(native(target).constData(), mode), 0);
+        QVERIFY(FileOpsRunner::writeFile(target, OldText));
+        QCOMPARE(::chmod(native(target).constData(), mode = 0750), 0);
     }
     const ino_t inode = statOf(target).st_ino;
     if (kind == QLatin1String("relative symlink")) {
@@ -104,13 +84,13 @@ void TstSafeSaver::savesAndKeepsTheFileAsItWas()
 
     QString error;
     QVERIFY2(SafeSaver::save(path, NewText, &error), qPrintable(error));
-    QCOMPARE(readFile(target), NewText);
+    QCOMPARE(FileOpsRunner::readFile(target), NewText);
     QCOMPARE(statOf(target).st_mode & 07777, mode);
     QCOMPARE(entries(realDir), QStringList{QStringLiteral("file.txt")});
     if (kind == QLatin1String("relative symlink")) {
         QVERIFY(S_ISLNK(statOf(path).st_mode));
     } else if (kind == QLatin1String("hard link")) {
-        QCOMPARE(readFile(other), NewText);
+        QCOMPARE(FileOpsRunner::readFile(other), NewText);
         QCOMPARE(statOf(target).st_ino, inode);
     } else if (kind == QLatin1String("xattr")) {
         QByteArray value(64, '\0');
@@ -120,81 +100,67 @@ void TstSafeSaver::savesAndKeepsTheFileAsItWas()
     }
 }
 
-void TstSafeSaver::refusesDirectory()
+void TstSafeSaver::refusedSaveKeepsOldBytes_data()
 {
-    QTemporaryDir dir;
-    QString error;
-    QVERIFY(!SafeSaver::save(dir.path(), NewText, &error));
-    QCOMPARE(error, QStringLiteral("Cannot save %1: it is a directory").arg(dir.path()));
-    QVERIFY(entries(dir.path()).isEmpty());
+    QTest::addColumn<int>("links"); // 0: the path is the folder itself
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("directory") << 0 << "it is a directory";
+    // The size limit lets the old text be written back, not the new one.
+    QTest::newRow("size limit, replaced by rename") << 1 << "File too large";
+    QTest::newRow("size limit, written in place") << 2 << "File too large";
 }
 
-void TstSafeSaver::fileSizeLimitKeepsOldBytes_data()
+void TstSafeSaver::refusedSaveKeepsOldBytes()
 {
-    QTest::addColumn<bool>("hardLinked");
-    QTest::newRow("replaced by rename") << false;
-    QTest::newRow("written in place") << true;
-}
-
-void TstSafeSaver::fileSizeLimitKeepsOldBytes()
-{
-    QFETCH(bool, hardLinked);
-
+    QFETCH(int, links);
+    QFETCH(QString, reason);
     QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("big.txt"));
-    writeFile(path, OldText);
-    QStringList expectedEntries{QStringLiteral("big.txt")};
-    if (hardLinked) {
-        const QString other = dir.filePath(QStringLiteral("alias.txt"));
-        QCOMPARE(::link(native(path).constData(), native(other).constData()), 0);
-        expectedEntries.prepend(QStringLiteral("alias.txt"));
-    }
+    const QString path = links ? dir.filePath(QStringLiteral("big.txt")) : dir.path();
+    const QString alias = dir.filePath(QStringLiteral("alias.txt"));
+    if (links)
+        QVERIFY(FileOpsRunner::writeFile(path, OldText));
+    if (links == 2)
+        QCOMPARE(::link(native(path).constData(), native(alias).constData()), 0);
 
-    // The limit lets the old text be written back, not the new one.
-    const auto result = FileOpsRunner::run(
-        {QStringLiteral("--fsize-limit"), QStringLiteral("4096"), QStringLiteral("save"), path},
-        QByteArray(64 * 1024, 'n'), false);
-    QCOMPARE(result.exitCode, 1);
-    QCOMPARE(result.error, QStringLiteral("Cannot save %1: File too large").arg(path));
-    QCOMPARE(readFile(path), OldText);
-    QCOMPARE(entries(dir.path()), expectedEntries);
+    const auto result =
+        FileOpsRunner::run(FileOpsRunner::Save, path, QByteArray(64 * 1024, 'n'), false, 4096);
+    QVERIFY(!result.ok);
+    QCOMPARE(QString::fromUtf8(result.out), QStringLiteral("Cannot save %1: %2").arg(path, reason));
+    QCOMPARE(FileOpsRunner::readFile(path), links ? OldText : QByteArray("<unreadable>"));
+    QCOMPARE(entries(dir.path()).size(), links);
 }
 
 void TstSafeSaver::unprivilegedUser_data()
 {
-    QTest::addColumn<bool>("dirOwnedByUser");
+    QTest::addColumn<bool>("dirOwned");
     QTest::addColumn<mode_t>("dirMode");
-    QTest::addColumn<bool>("fileOwnedByUser");
+    QTest::addColumn<bool>("fileOwned");
     QTest::addColumn<mode_t>("fileMode");
     QTest::addColumn<bool>("saved");
-
+    const auto row = [](const char *name, bool dirOwned, mode_t dirMode, bool fileOwned,
+                        mode_t fileMode, bool saved) {
+        QTest::newRow(name) << dirOwned << dirMode << fileOwned << fileMode << saved;
+    };
     // Owned by the user, or by someone else (root) when the test runs as root.
-    QTest::newRow("read-only file in the user's folder")
-        << true << mode_t(0755) << true << mode_t(0444) << false;
-    QTest::newRow("folder not writable, file read-only")
-        << false << mode_t(0755) << false << mode_t(0644) << false;
-    QTest::newRow("folder not writable, file writable")
-        << false << mode_t(0755) << false << mode_t(0666) << true;
-    QTest::newRow("someone else's file in a shared folder")
-        << false << mode_t(0777) << false << mode_t(0666) << true;
-    QTest::newRow("the user's own file") << true << mode_t(0755) << true << mode_t(0644) << true;
+    // Refused by the file's own mode, saved in place, saved in place keeping the owner.
+    row("read-only file in the user's folder", true, 0755, true, 0444, false);
+    row("folder not writable, file writable", false, 0755, false, 0666, true);
+    row("someone else's file in a shared folder", false, 0777, false, 0666, true);
 }
 
 void TstSafeSaver::unprivilegedUser()
 {
-    QFETCH(bool, dirOwnedByUser);
+    QFETCH(bool, dirOwned);
     QFETCH(mode_t, dirMode);
-    QFETCH(bool, fileOwnedByUser);
+    QFETCH(bool, fileOwned);
     QFETCH(mode_t, fileMode);
     QFETCH(bool, saved);
-
     // As root the files are handed to "nobody", who then saves; as an
     // ordinary user the test's own user is the unprivileged one.
     const bool root = ::geteuid() == 0;
-    QString why;
-    if (!root && !(dirOwnedByUser && fileOwnedByUser))
+    if (!root && !(dirOwned && fileOwned))
         QSKIP("needs root to make files owned by another user");
-    if (!FileOpsRunner::canRunUnprivileged(&why) || !FileOpsRunner::openTempPathToOthers(&why))
+    if (const QString why = FileOpsRunner::unprivilegedBlocked(); !why.isEmpty())
         QSKIP(qPrintable(why));
 
     QTemporaryDir base;
@@ -202,33 +168,27 @@ void TstSafeSaver::unprivilegedUser()
     const QString dirPath = base.filePath(QStringLiteral("folder"));
     QVERIFY(QDir().mkdir(dirPath));
     const QString path = dirPath + QStringLiteral("/file.txt");
-    writeFile(path, OldText);
-    const uid_t nobody = FileOpsRunner::NobodyId;
-    for (const auto &[target, ownedByUser, mode] : {std::tuple{dirPath, dirOwnedByUser, dirMode},
-                                                    std::tuple{path, fileOwnedByUser, fileMode}}) {
-        if (root)
-            QCOMPARE(::chown(native(target).constData(), ownedByUser ? nobody : 0,
-                             ownedByUser ? nobody : 0),
-                     0);
+    QVERIFY(FileOpsRunner::writeFile(path, OldText));
+    for (const auto &[target, owned, mode] :
+         {std::tuple{dirPath, dirOwned, dirMode}, std::tuple{path, fileOwned, fileMode}}) {
+        const uid_t owner = owned ? FileOpsRunner::Nobody : 0;
+        QVERIFY(!root || ::chown(native(target).constData(), owner, owner) == 0);
         QCOMPARE(::chmod(native(target).constData(), mode), 0);
     }
     const struct stat before = statOf(path);
 
-    const auto result = FileOpsRunner::run({QStringLiteral("save"), path}, NewText, true);
-    QCOMPARE(result.exitCode, saved ? 0 : 1);
+    const auto result = FileOpsRunner::run(FileOpsRunner::Save, path, NewText, true);
+    QCOMPARE(result.ok, saved);
     const struct stat after = statOf(path);
-    if (saved) {
-        QCOMPARE(readFile(path), NewText);
-        // Whatever way it was written, the file keeps its owner and mode.
-        QCOMPARE(after.st_uid, before.st_uid);
-        QCOMPARE(after.st_mode, before.st_mode);
-        if (!fileOwnedByUser)
-            QCOMPARE(after.st_ino, before.st_ino);
-    } else {
-        QCOMPARE(result.error, QStringLiteral("Cannot save %1: Permission denied").arg(path));
-        QCOMPARE(readFile(path), OldText);
+    QCOMPARE(FileOpsRunner::readFile(path), saved ? NewText : OldText);
+    // Whatever way it was written, the file keeps its owner and mode.
+    QCOMPARE(after.st_uid, before.st_uid);
+    QCOMPARE(after.st_mode, before.st_mode);
+    if (!saved || !fileOwned)
         QCOMPARE(after.st_ino, before.st_ino);
-    }
+    if (!saved)
+        QCOMPARE(QString::fromUtf8(result.out),
+                 QStringLiteral("Cannot save %1: Permission denied").arg(path));
     QCOMPARE(entries(dirPath), QStringList{QStringLiteral("file.txt")});
 }
 
