@@ -1,13 +1,17 @@
+#include "filescanner.h"
 #include "searchoptions.h"
 #include "textmatcher.h"
+#include "writefile.h"
 
+#include <QTemporaryDir>
 #include <QTest>
 
 namespace {
 
 enum Flag { Plain = 0, Regex = 1, CaseSensitive = 2, WholeWord = 4 };
 
-// "line:text" per hit; a plain search also checks that the hit's column points at a match.
+// "line:text" per hit of a file scanned as a search scans it; a plain search also
+// checks that the hit's column points at a match.
 QStringList findLines(const QByteArray &content, const QString &text, int flags)
 {
     SearchOptions options;
@@ -18,8 +22,13 @@ QStringList findLines(const QByteArray &content, const QString &text, int flags)
     const TextMatcher matcher(options);
     if (!matcher.isValid())
         return {QStringLiteral("invalid")};
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("f.txt"));
+    writeFile(path, content);
     QList<TextMatcher::LineHit> hits;
-    matcher.findLines(QByteArrayView(content), hits);
+    const FileScanner::Result result = FileScanner(matcher).scan(QFile::encodeName(path), hits);
+    if (result != FileScanner::Result::Searched)
+        return {QStringLiteral("result %1").arg(int(result))};
     QStringList lines;
     for (const auto &hit : hits) {
         lines.append(QString::number(hit.line) + QLatin1Char(':') + hit.text);
@@ -49,10 +58,11 @@ void TestTextMatcher::findsTheMatchingLines_data()
     QTest::addColumn<int>("flags");
     QTest::addColumn<QStringList>("expected");
 
-    auto row = [](const char *tag, const char *content, const char *text, int flags,
+    auto row = [](const char *tag, const QByteArray &content, const char *text, int flags,
                   const QStringList &expected) {
-        QTest::newRow(tag) << QByteArray(content) << QString::fromUtf8(text) << flags << expected;
+        QTest::newRow(tag) << content << QString::fromUtf8(text) << flags << expected;
     };
+    const QString binary = QStringLiteral("result %1").arg(int(FileScanner::Result::Binary));
     row("several hits on a line give one entry", "foo foo foo\nbar\nfoo", "foo", Plain,
         {"1:foo foo foo", "3:foo"});
     row("column after non-ASCII text", "x\n\xc3\xa9\xc3\xa9 foo foo\n", "foo", Plain,
@@ -76,10 +86,23 @@ void TestTextMatcher::findsTheMatchingLines_data()
     row("CRLF leaves no carriage return", "one foo\r\ntwo\r\nfoo\r\n", "foo", Plain,
         {"1:one foo", "3:foo"});
     row("match at the very end", "a\nfoo", "foo", WholeWord, {"2:foo"});
-    row("regex special characters as plain text", "a.b\naxb\n", "a.b", Plain, {"1:a.b"});
+    row("regex special characters as plain text", "a.b\naxb\na(b\n", "a.b", Plain, {"1:a.b"});
     row("invalid regex", "a(b", "a(b", Regex, {"invalid"});
     row("empty text", "a(b", "", Plain, {"invalid"});
-    row("regex characters in plain text", "a(b", "a(b", Plain, {"1:a(b"});
+    row("binary file", QByteArray("foo\0bar\nfoo\n", 12), "foo", Plain, {binary});
+    row("NUL after the first block is text", QByteArray(9000, 'x') + QByteArray("\nfoo\0\n", 6),
+        "foo", Plain, {QStringLiteral("2:foo") + QChar(0)});
+    row("Latin-1 text, ASCII search", "caf\xe9 foo\n", "foo", Plain,
+        {QString::fromUtf8("1:caf\xc3\xa9 foo")});
+    row("Latin-1 text, non-ASCII search", "x\ncaf\xe9 au lait\n", "caf\xc3\xa9", Plain,
+        {QString::fromUtf8("2:caf\xc3\xa9 au lait")});
+    row("Windows-1252 quotes", "\x93quoted\x94 foo\n", "foo", Plain,
+        {QString::fromUtf8("1:\xe2\x80\x9cquoted\xe2\x80\x9d foo")});
+    row("UTF-8 with a byte order mark", QByteArray("\xef\xbb\xbf") + "foo\n", "foo", Plain,
+        {"1:foo"});
+    row("UTF-16 with a byte order mark is not binary",
+        QByteArray::fromHex("fffe61000a0066006f006f000a00"), "foo", Plain, {"2:foo"});
+    row("empty file", "", "foo", Plain, {});
 }
 
 void TestTextMatcher::findsTheMatchingLines()
