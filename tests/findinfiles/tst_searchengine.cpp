@@ -212,13 +212,12 @@ void TestSearchEngine::walksTheFilesToSearch_data()
     QTest::newRow("defaults skip hidden, version-control and build folders; links once")
         << "" << defaults << false
         << "a.c|b.h|z-link.c|other/x.c|par(1)/g (2).c|sub/c.cpp|sub/deep/d.txt";
-    QTest::newRow("include globs")
-        << "*.c; *.h" << defaults << false << "a.c|b.h|z-link.c|other/x.c|par(1)/g (2).c";
+    QTest::newRow("include globs, hidden files; defaults still exclude")
+        << "*.c; *.h" << defaults << true
+        << ".f.c|a.c|b.h|z-link.c|.hidden/e.c|other/x.c|par(1)/g (2).c";
     QTest::newRow("exclude a folder and a file glob; a link still reaches the folder")
         << "" << defaults + ";sub;*.h" << false
         << "a.c|z-link.c|other/x.c|par(1)/g (2).c|sublink/c.cpp|sublink/deep/d.txt";
-    QTest::newRow("hidden files") << "*.c" << defaults << true
-                                  << ".f.c|a.c|z-link.c|.hidden/e.c|other/x.c|par(1)/g (2).c";
     QTest::newRow("nothing excluded")
         << ""
         << "" << true
