@@ -1,19 +1,18 @@
 #include "findinfiles.h"
 #include "findinfilesdialog.h"
+#include "hitformatter.h"
 #include "resultwindow.h"
 #include "searchengine.h"
 #include "writefile.h"
 
 #include <QAction>
 #include <QComboBox>
-#include <QDir>
 #include <QDockWidget>
 #include <QMainWindow>
 #include <QSignalSpy>
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QTemporaryDir>
-#include <QTest>
 
 // Stands in for the shell's window: the slot the pane's hits are connected to.
 class FakeWindow : public QMainWindow
@@ -48,13 +47,16 @@ private slots:
     void searchFillsThePaneAndDoubleClickOpensTheHit();
     void paneStopAndEscapeStopTheSearch();
     void lastSearchesAreRemembered();
+    void hitLineReadsBackToItsFileAndLine_data();
+    void hitLineReadsBackToItsFileAndLine();
+    void longLineKeepsTheMatchInView();
 
 private:
-    SearchOptions needleInDir() const
+    SearchOptions optionsFor(const QString &text) const
     {
         SearchOptions options;
         options.folder = m_dir->path();
-        options.text = QStringLiteral("needle");
+        options.text = text;
         return options;
     }
 
@@ -103,19 +105,18 @@ void TestFindInFiles::actionOpensTheDialogWithSelectionAndFolder()
 void TestFindInFiles::searchFillsThePaneAndDoubleClickOpensTheHit()
 {
     const QString file = m_dir->filePath(QStringLiteral("src (1)/f(2).c"));
-    writeFile(file, "a\nint f(x): needle\nneedle\n");
+    writeFile(file, "a\nint f(x): y\nf(x):\n");
     QSignalSpy finished(m_fif->engine(), &SearchEngine::finished);
-    m_fif->startSearch(needleInDir());
+    // A "(x):" in the heading must not read as a hit either.
+    m_fif->startSearch(optionsFor(QStringLiteral("f(x):")));
     QVERIFY(finished.wait());
 
     ResultWindow *pane = m_fif->resultWindow();
-    QVERIFY(pane);
     auto *dock = qobject_cast<QDockWidget *>(pane->parentWidget());
     QVERIFY(dock && dock->isVisible());
     QCOMPARE(m_window->dockWidgetArea(dock), Qt::BottomDockWidgetArea);
     const QStringList lines = pane->toPlainText().split(QLatin1Char('\n'));
     QCOMPARE(lines.size(), 4); // heading, two hits, summary
-    QVERIFY(lines.first().contains(QLatin1String("needle")));
     QVERIFY(m_window->statusBar()->currentMessage().startsWith(QLatin1String("2 hits in 1 file")));
 
     for (const QString &line : lines)
@@ -129,16 +130,13 @@ void TestFindInFiles::paneStopAndEscapeStopTheSearch()
 {
     // A search runs until the event loop hands its results on, which this test never lets it do.
     writeFile(m_dir->filePath(QStringLiteral("a.txt")), "needle\n");
-    const SearchOptions options = needleInDir();
-    m_fif->startSearch(options);
-    QVERIFY(m_fif->engine()->isRunning());
+    m_fif->startSearch(optionsFor(QStringLiteral("needle")));
     m_fif->resultWindow()->stopSearch();
     QVERIFY(!m_fif->engine()->isRunning());
     QVERIFY(m_window->statusBar()->currentMessage().endsWith(QLatin1String("search stopped")));
 
     m_fif->showDialog();
-    m_fif->startSearch(options);
-    QVERIFY(m_fif->engine()->isRunning());
+    m_fif->startSearch(optionsFor(QStringLiteral("needle")));
     QTest::keyClick(m_fif->dialog(), Qt::Key_Escape);
     QVERIFY(!m_fif->engine()->isRunning());
     QVERIFY(m_fif->dialog()->isVisible()); // the first Escape only stops
@@ -148,25 +146,57 @@ void TestFindInFiles::paneStopAndEscapeStopTheSearch()
 
 void TestFindInFiles::lastSearchesAreRemembered()
 {
-    writeFile(m_dir->filePath(QStringLiteral("a.txt")), "x\n");
     m_fif->showDialog();
     for (const char *text : {"first", "second", "first"}) {
         m_fif->dialog()->setSearchText(QLatin1String(text));
-        QSignalSpy requested(m_fif->dialog(), &FindInFilesDialog::findRequested);
         QTest::keyClick(m_fif->dialog(), Qt::Key_Return);
-        QCOMPARE(requested.size(), 1);
-        QSignalSpy finished(m_fif->engine(), &SearchEngine::finished);
-        if (m_fif->engine()->isRunning())
-            QVERIFY(finished.wait());
     }
-
     FindInFilesDialog fresh;
     auto *combo = fresh.findChild<QComboBox *>();
-    QVERIFY(combo);
-    QStringList history;
-    for (int i = 0; i < combo->count(); ++i)
-        history.append(combo->itemText(i));
-    QCOMPARE(history, (QStringList{"first", "second"}));
+    QVERIFY(combo && combo->count() == 2);
+    QCOMPARE(QStringList({combo->itemText(0), combo->itemText(1)}),
+             QStringList({"first", "second"}));
+}
+
+void TestFindInFiles::hitLineReadsBackToItsFileAndLine_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<int>("line");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("a hit line inside the path") << "/d/x(12):y/f(3).c" << 3 << "x";
+    QTest::newRow("several paren-colons in the text") << "/d/f.c" << 5 << "(a):b(c):d (e):";
+    QTest::newRow("blank text") << "/d/f.c" << 2 << " \t ";
+    QTest::newRow("controls and line separators")
+        << "/d/f.c" << 3
+        << QStringLiteral("a\rb") + QChar(0x2028) + "c" + QChar(0x2029) + QChar(0) + "(1):d";
+    QTest::newRow("large line number") << "/d/f.c" << 2000000000 << "x";
+}
+
+void TestFindInFiles::hitLineReadsBackToItsFileAndLine()
+{
+    QFETCH(QString, file);
+    QFETCH(int, line);
+    QFETCH(QString, text);
+    const QString hit = HitFormatter::hitLine(file, line, text, 0);
+    QVERIFY2(!hit.contains(QLatin1Char('\n')) && !hit.contains(QLatin1Char('\r')), qPrintable(hit));
+    ResultWindow pane(nullptr);
+    QSignalSpy opened(&pane, &ResultWindow::sigOpenFile);
+    pane.openResultLine(hit);
+    QCOMPARE(opened.size(), 1);
+    QCOMPARE(opened.first(), (QVariantList{file, line}));
+}
+
+void TestFindInFiles::longLineKeepsTheMatchInView()
+{
+    const QString text = QString(5000, QLatin1Char('y')) + QStringLiteral(" needle ") +
+                         QString(5000, QLatin1Char('z'));
+    const QString shown = HitFormatter::displayText(text, 5001);
+    QVERIFY(shown.size() <= HitFormatter::MaxTextLength + 2);
+    QVERIFY(shown.contains(QLatin1String("needle")));
+    QVERIFY(shown.startsWith(QChar(0x2026)) && shown.endsWith(QChar(0x2026)));
+    // A match near the start keeps the start.
+    QVERIFY(HitFormatter::displayText(QString(QStringLiteral("needle ") + text), 0)
+                .startsWith(QLatin1String("needle")));
 }
 
 QTEST_MAIN(TestFindInFiles)

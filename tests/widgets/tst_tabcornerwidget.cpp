@@ -45,7 +45,7 @@ private:
 void TestTabCornerWidget::init()
 {
     m_widget = new TabCornerWidget(nullptr);
-    // Wider than the button, so there is room beside it to drag to.
+    // Wider than the button: room beside it to drag to.
     m_widget->resize(m_widget->sizeHint() + QSize(60, 0));
     m_widget->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_widget));
@@ -67,37 +67,32 @@ QPoint TestTabCornerWidget::at(bool onButton) const
 
 void TestTabCornerWidget::click_data()
 {
-    // Steps "press|move|release button on|off", separated by blanks.
+    // Steps of press/move/release (p/m/r), left/right button (L/R), on/off the button (+/-).
     QTest::addColumn<QString>("steps");
     QTest::addColumn<int>("closes");
-    QTest::newRow("left click on the button") << "press-L-on release-L-on" << 1;
-    QTest::newRow("drag off, release off") << "press-L-on move-L-off release-L-off" << 0;
-    QTest::newRow("drag off and back") << "press-L-on move-L-off release-L-on" << 1;
-    QTest::newRow("left click beside the button") << "press-L-off release-L-off" << 0;
-    QTest::newRow("press off, release on") << "press-L-off release-L-on" << 0;
-    QTest::newRow("right click on the button") << "press-R-on release-R-on" << 0;
-    QTest::newRow("middle click on the button") << "press-M-on release-M-on" << 0;
-    QTest::newRow("right release keeps a left press") << "press-L-on release-R-on" << 0;
-    QTest::newRow("then the left release clicks") << "press-L-on release-R-on release-L-on" << 1;
+    QTest::newRow("left click on the button") << "pL+ rL+" << 1;
+    QTest::newRow("drag off, release off") << "pL+ mL- rL-" << 0;
+    QTest::newRow("drag off and back") << "pL+ mL- rL+" << 1;
+    QTest::newRow("left click beside the button") << "pL- rL-" << 0;
+    QTest::newRow("press off, release on") << "pL- rL+" << 0;
+    QTest::newRow("right click on the button") << "pR+ rR+" << 0;
+    QTest::newRow("a right release keeps a left press") << "pL+ rR+ rL+" << 1;
 }
 
 void TestTabCornerWidget::click()
 {
     QFETCH(QString, steps);
     QFETCH(int, closes);
-
-    const QHash<QString, Qt::MouseButton> buttons{
-        {"L", Qt::LeftButton}, {"R", Qt::RightButton}, {"M", Qt::MiddleButton}};
     QSignalSpy spy(m_widget, &TabCornerWidget::sigCloseTool);
     for (const QString &step : steps.split(QLatin1Char(' '))) {
-        const QStringList part = step.split(QLatin1Char('-'));
-        const QPoint pos = at(part[2] == QLatin1String("on"));
-        if (part[0] == QLatin1String("press"))
-            QTest::mousePress(m_widget, buttons[part[1]], {}, pos);
-        else if (part[0] == QLatin1String("move"))
+        const QPoint pos = at(step[2] == u'+');
+        const Qt::MouseButton button = step[1] == u'L' ? Qt::LeftButton : Qt::RightButton;
+        if (step[0] == u'p')
+            QTest::mousePress(m_widget, button, {}, pos);
+        else if (step[0] == u'm')
             QTest::mouseMove(m_widget, pos);
         else
-            QTest::mouseRelease(m_widget, buttons[part[1]], {}, pos);
+            QTest::mouseRelease(m_widget, button, {}, pos);
     }
     QCOMPARE(spy.count(), closes);
 }
