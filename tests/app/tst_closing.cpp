@@ -16,11 +16,9 @@ private Q_SLOTS:
     void init();
     void closeCommandTrace_data();
     void closeCommandTrace();
-    void windowClosesWhenNoToolRefuses_data();
-    void windowClosesWhenNoToolRefuses();
-    void aRefusingToolKeepsTheWindowOpen();
-    void activationBringsChangedFileToFront();
-    void activationWithoutChangeActivatesTheTool();
+    void windowClosesUnlessAToolRefuses_data();
+    void windowClosesUnlessAToolRefuses();
+    void activationChecksForChangedFiles();
 };
 
 void TestClosing::init()
@@ -50,75 +48,38 @@ void TestClosing::closeCommandTrace()
     QCOMPARE(window.tabWidget()->count(), front == "widget" ? 1 : 0);
 }
 
-void TestClosing::windowClosesWhenNoToolRefuses_data()
+void TestClosing::windowClosesUnlessAToolRefuses_data()
 {
     QTest::addColumn<QStringList>("files");
-    QTest::newRow("no tool") << QStringList();
-    QTest::newRow("two agreeing tools") << QStringList{"/tmp/a.c", "/tmp/b.c"};
+    QTest::addColumn<int>("refusing"); // index into files, -1: none
+    QTest::newRow("no tool") << QStringList() << -1;
+    QTest::newRow("two agreeing tools") << QStringList{"/tmp/a.c", "/tmp/b.c"} << -1;
+    QTest::newRow("the middle one refuses") << QStringList{"/tmp/a.c", "/tmp/b.c", "/tmp/c.c"} << 1;
 }
 
-void TestClosing::windowClosesWhenNoToolRefuses()
+void TestClosing::windowClosesUnlessAToolRefuses()
 {
     QFETCH(QStringList, files);
+    QFETCH(int, refusing);
+    FakeControl::instance()->configure = [&](FakeTool *tool, const QStringList &args) {
+        tool->refuseClose = args.value(0) == files.value(refusing);
+    };
     MainWindow window({});
     for (const QString &file : files)
         window.onOpenFile(file, 1);
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
-    QVERIFY(window.close());
-    QVERIFY(!window.isVisible());
-    QVERIFY(window.tools().isEmpty());
-}
-
-void TestClosing::aRefusingToolKeepsTheWindowOpen()
-{
-    FakeControl::instance()->configure = [](FakeTool *tool, const QStringList &args) {
-        tool->refuseClose = args.value(0) == "/tmp/b.c";
-    };
-    MainWindow window({"/tmp/a.c"});
-    window.onOpenFile("/tmp/b.c", 1);
-    window.onOpenFile("/tmp/c.c", 1);
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
     const QList<FakeTool *> tools = FakeControl::instance()->liveTools();
-    QCOMPARE(tools.size(), 3);
-
-    QVERIFY(!window.close());
-    QVERIFY(window.isVisible());
-    QCOMPARE(window.tabWidget()->count(), 1);
-    QCOMPARE(window.tools(), QList<QWidget *>{tools[1]});
+    QCOMPARE(window.close(), refusing < 0);
+    QCOMPARE(window.isVisible(), refusing >= 0);
+    QCOMPARE(window.tools(), refusing < 0 ? QList<QWidget *>() : QList<QWidget *>{tools[refusing]});
     for (FakeTool *tool : tools)
         QCOMPARE(tool->closeRequests, 1);
     // The tools that closed dispose of themselves.
-    QTRY_COMPARE(FakeControl::instance()->liveTools().size(), 1);
+    QTRY_COMPARE(FakeControl::instance()->liveTools().size(), refusing < 0 ? 0 : 1);
 }
 
-void TestClosing::activationBringsChangedFileToFront()
-{
-    MessageLog log;
-    MainWindow window({"/tmp/a.c"});
-    window.onOpenFile("/tmp/b.c", 1);
-    const QList<FakeTool *> tools = FakeControl::instance()->liveTools();
-    FakeTool *a = tools[0];
-    FakeTool *b = tools[1];
-    QCOMPARE(window.tabWidget()->currentWidget(), b);
-    a->changedOutside = true;
-    const int bActivations = b->activateCount;
-
-    QEvent activate(QEvent::WindowActivate);
-    QVERIFY(window.eventFilter(&window, &activate));
-    QCOMPARE(window.tabWidget()->currentWidget(), a);
-    QCOMPARE(b->activateCount, bActivations);
-    QCOMPARE(log.count("====check file changed==="), 1);
-
-    // The same change is reported once: the next activation only activates.
-    const int aActivations = a->activateCount;
-    QVERIFY(!window.eventFilter(&window, &activate));
-    QCOMPARE(a->activateCount, aActivations + 1);
-    QCOMPARE(log.count("====check file changed==="), 2);
-}
-
-void TestClosing::activationWithoutChangeActivatesTheTool()
+void TestClosing::activationChecksForChangedFiles()
 {
     MessageLog log;
     MainWindow window({});
@@ -127,16 +88,26 @@ void TestClosing::activationWithoutChangeActivatesTheTool()
     QCOMPARE(log.count("====check file changed==="), 0); // no tool, no check
 
     window.onOpenFile("/tmp/a.c", 1);
-    FakeTool *a = FakeControl::instance()->liveTools().value(0);
-    QVERIFY(a);
-    const int before = a->activateCount;
+    window.onOpenFile("/tmp/b.c", 1);
+    const QList<FakeTool *> tools = FakeControl::instance()->liveTools();
+    FakeTool *a = tools[0];
+    FakeTool *b = tools[1];
+    a->changedOutside = true;
+    const int bActivations = b->activateCount;
+    QVERIFY(window.eventFilter(&window, &activate));
+    QCOMPARE(window.tabWidget()->currentWidget(), a);
+    QCOMPARE(b->activateCount, bActivations);
+    QCOMPARE(log.count("====check file changed==="), 1);
+
+    // The same change is reported once: later activations only activate.
+    const int activations = a->activateCount;
+    QVERIFY(!window.eventFilter(&window, &activate));
     QCoreApplication::sendEvent(&window, &activate);
-    QCoreApplication::sendEvent(&window, &activate);
-    QCOMPARE(a->activateCount, before + 2);
-    QCOMPARE(log.count("====check file changed==="), 2);
+    QCOMPARE(log.count("====check file changed==="), 3);
+    QCOMPARE(a->activateCount, activations + 2);
     QEvent other(QEvent::WindowDeactivate);
     QCoreApplication::sendEvent(&window, &other);
-    QCOMPARE(a->activateCount, before + 2);
+    QCOMPARE(a->activateCount, activations + 2);
 }
 
 QTEST_MAIN(TestClosing)

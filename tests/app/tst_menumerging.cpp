@@ -26,14 +26,6 @@ QStringList texts(const QMenu *menu)
     return list;
 }
 
-int subMenuCount(const QMenu *menu, const QString &title)
-{
-    int count = 0;
-    for (const QMenu *child : menu->findChildren<QMenu *>(Qt::FindDirectChildrenOnly))
-        count += child->title() == title ? 1 : 0;
-    return count;
-}
-
 QStringList split(const char *items)
 {
     return QString::fromLatin1(items).split(u'|');
@@ -51,8 +43,7 @@ private Q_SLOTS:
     void init();
     void menusFromTheCatalogue_data();
     void menusFromTheCatalogue();
-    void openingTwiceKeepsOneCopyOfEachSubMenu();
-    void subMenuShowsNoSeparators();
+    void subMenusAreBuiltOnceWithoutSeparators();
     void oddRecordsAreSkippedOrWarned();
     void toolWithoutConnectionListIsHostedUnwired_data();
     void toolWithoutConnectionListIsHostedUnwired();
@@ -139,7 +130,7 @@ void TestMenuMerging::menusFromTheCatalogue()
     }
 }
 
-void TestMenuMerging::openingTwiceKeepsOneCopyOfEachSubMenu()
+void TestMenuMerging::subMenusAreBuiltOnceWithoutSeparators()
 {
     MainWindow window({});
     window.onFileSaved("/tmp/recent.c");
@@ -147,16 +138,10 @@ void TestMenuMerging::openingTwiceKeepsOneCopyOfEachSubMenu()
         emit window.menu(0)->aboutToShow();
         emit window.menu(3)->aboutToShow();
     }
-    QCOMPARE(subMenuCount(window.menu(0), "Recent Files"), 1);
-    QCOMPARE(subMenuCount(window.menu(3), "EXTRAS"), 1);
+    QCOMPARE(window.menu(0)->findChildren<QMenu *>(Qt::FindDirectChildrenOnly).size(), 1);
     QCOMPARE(texts(window.menu(0)).count("[Recent Files]"), 1);
+    QCOMPARE(window.menu(3)->findChildren<QMenu *>(Qt::FindDirectChildrenOnly).size(), 1);
     QCOMPARE(texts(window.menu(3)), split("Option...|[EXTRAS]"));
-}
-
-void TestMenuMerging::subMenuShowsNoSeparators()
-{
-    MainWindow window({});
-    window.updateMenu();
     QMenu *extras = window.menu(3)->findChild<QMenu *>("EXTRAS");
     QVERIFY(extras);
     QCOMPARE(extras->actions(), QList<QAction *>({m_extraShell, m_extraTool}));
@@ -186,7 +171,7 @@ void TestMenuMerging::oddRecordsAreSkippedOrWarned()
     QAction *copy = registry->findToolAction("EDIT > COPY");
     copy->setEnabled(true);
     copy->trigger();
-    QCOMPARE(tool->commandsReceived.value("onCommand"), 1);
+    QCOMPARE(tool->commandsReceived, 1);
     emit tool->stateChanged(false);
     QVERIFY(!fallback->isEnabled());
     emit tool->stateChanged(true);
@@ -221,7 +206,7 @@ void TestMenuMerging::toolWithoutConnectionListIsHostedUnwired()
     QAction *copy = MenuActionMan::instance()->findToolAction("EDIT > COPY");
     copy->setEnabled(true);
     copy->trigger();
-    QCOMPARE(b->commandsReceived.value("onCommand"), published ? 1 : 0);
+    QCOMPARE(b->commandsReceived, published ? 1 : 0);
 }
 
 QTEST_MAIN(TestMenuMerging)

@@ -1,22 +1,24 @@
 #pragma once
 
-#include "faketoolsexport.h"
+#include "fakecontrol.h"
 #include "optwidget.h"
 
-// An option page that counts what the options dialog asks of it. Its object
-// name is its page name; it shows that name as a label.
+// An option page, named after its page, that counts what the options dialog
+// asks of it.
 class FAKETOOLS_EXPORT FakeOptionPage : public OptWidget
 {
     Q_OBJECT
 
 public:
-    explicit FakeOptionPage(const QString &name, QWidget *parent = nullptr);
+    explicit FakeOptionPage(const QString &name, QWidget *parent = nullptr)
+        : OptWidget(parent)
+    {
+        setObjectName(name);
+    }
 
-    void refreshPage() override;
-    void applyPage() override;
-    void restoreDefaults() override;
+    void refreshPage() override { ++refreshCount; }
+    void applyPage() override { ++applyCount; }
 
     int refreshCount = 0;
     int applyCount = 0;
-    int restoreCount = 0;
 };

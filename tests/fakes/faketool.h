@@ -1,22 +1,16 @@
 #pragma once
 
 #include "connection.h"
-#include "faketoolsexport.h"
+#include "fakecontrol.h"
 #include "sedgui.h"
 
-#include <QList>
 #include <QMap>
-#include <QStringList>
 
-#include <memory>
-#include <vector>
+#include <deque>
+#include <utility>
 
-// A scriptable tool: what it reports and how it answers is set through its
-// public members; what the shell asked of it is counted. Its signals, and
-// the two state signals below, can be emitted at will (emitAll* helpers or
-// the signals themselves).
-//
-// Connection records use the state signals and command slots, for example
+// A tool scripted and read through its public members. Connection records use
+// its state signal and command slot, for example
 //   tool->addConnection(nullptr, "2stateChanged(bool)", "COPY", "1setEnabled(bool)");
 //   tool->addConnection("COPY", "2triggered()", nullptr, "1onCommand()");
 class FAKETOOLS_EXPORT FakeTool : public koru::sedgui::SedGUI
@@ -24,19 +18,20 @@ class FAKETOOLS_EXPORT FakeTool : public koru::sedgui::SedGUI
     Q_OBJECT
 
 public:
-    explicit FakeTool(QWidget *parent = nullptr);
-    ~FakeTool() override;
+    explicit FakeTool(QWidget *parent = nullptr)
+        : koru::sedgui::SedGUI(parent)
+    {}
 
-    QString getTitle() const override;
-    QString getTabText() const override;
-    QString getFileName() const override;
+    QString getTitle() const override { return title; }
+    QString getTabText() const override { return tabText; }
+    QString getFileName() const override { return fileName; }
     QList<Connection *> *getConnectionList() override;
     QList<QAction *> *getMenuActions(int menuKind) override;
     void closeTool(bool force) override;
-    void saveFile() override;
-    void activate() override;
-    void processArgs(QWidget *mainWindow, QStringList args) override;
-    bool handleExternalChange() override;
+    void saveFile() override { ++saveCount; }
+    void activate() override { ++activateCount; }
+    void processArgs(QWidget *, QStringList args) override { processArgsCalls.append(args); }
+    bool handleExternalChange() override { return std::exchange(changedOutside, false); }
 
     // Adds a record that the tool owns; the strings must outlive the tool.
     void addConnection(const char *senderKey, const char *signal, const char *receiverKey,
@@ -57,17 +52,15 @@ public:
     int closeRequests = 0;
     QList<int> menuActionRequests;
     QList<QStringList> processArgsCalls;
-    QMap<QString, int> commandsReceived;
+    int commandsReceived = 0;
 
 Q_SIGNALS:
     void stateChanged(bool on);
-    void otherStateChanged(bool on);
 
 public Q_SLOTS:
-    void onCommand();
-    void onOtherCommand();
+    void onCommand() { ++commandsReceived; }
 
 private:
-    std::vector<std::unique_ptr<Connection>> m_records;
+    std::deque<Connection> m_records;
     QList<Connection *> m_connections;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "fakeoptionpage.h"
 #include "hubappinterface.h"
 
 #include <QObject>
@@ -13,13 +14,18 @@ class FakeToolFactory : public QObject, public hubAppInterface
     Q_INTERFACES(hubAppInterface)
 
 public:
-    FakeToolFactory();
-    ~FakeToolFactory() override;
+    FakeToolFactory() { ++FakeControl::instance()->factoriesMade; }
+    ~FakeToolFactory() override { ++FakeControl::instance()->factoriesDeleted; }
 
-    QString getAppName() const override;
-    QString getOptionTitle() const override;
-    QWidget *createTool(QWidget *parent, int reserved, QStringList args, QString *errorText,
-                        int flags) override;
-    QStringList getOptionPageNames() const override;
-    OptWidget *getOptionPage(const QString &name) override;
+    QString getAppName() const override { return QStringLiteral("Fake Tools"); }
+    QString getOptionTitle() const override { return getAppName(); }
+    QWidget *createTool(QWidget *parent, int, QStringList args, QString *, int) override
+    {
+        return FakeControl::instance()->createTool(parent, args);
+    }
+    QStringList getOptionPageNames() const override { return FakeControl::instance()->pageNames; }
+    OptWidget *getOptionPage(const QString &name) override
+    {
+        return FakeControl::instance()->optionPage(name);
+    }
 };

@@ -8,21 +8,31 @@
 class MessageLog
 {
 public:
-    MessageLog();
-    ~MessageLog();
-
-    MessageLog(const MessageLog &) = delete;
-    MessageLog &operator=(const MessageLog &) = delete;
-
-    static MessageLog *current();
+    MessageLog()
+        : m_previous(qInstallMessageHandler(&MessageLog::handle))
+    {
+        s_active = this;
+    }
+    ~MessageLog()
+    {
+        qInstallMessageHandler(m_previous);
+        s_active = nullptr;
+    }
 
     int count(const QString &message) const { return int(messages.count(message)); }
-    void clear() { messages.clear(); }
 
     QStringList messages;
 
 private:
-    static void handle(QtMsgType type, const QMessageLogContext &context, const QString &message);
+    static void handle(QtMsgType type, const QMessageLogContext &context, const QString &message)
+    {
+        if (!s_active)
+            return;
+        s_active->messages.append(message);
+        if (s_active->m_previous)
+            s_active->m_previous(type, context, message);
+    }
 
-    QtMessageHandler m_previous = nullptr;
+    inline static MessageLog *s_active = nullptr;
+    QtMessageHandler m_previous;
 };

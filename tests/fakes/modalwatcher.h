@@ -1,8 +1,6 @@
 #pragma once
 
-#include <QList>
 #include <QObject>
-#include <QString>
 
 #include <functional>
 
@@ -10,9 +8,8 @@ class QFileDialog;
 class QWidget;
 
 // Keeps modal dialogs from blocking a test: while it exists, every modal
-// window that is shown is recorded (class, title, text) and, once its own
-// event loop runs, handed to the handler (which may accept it, fill it in, or
-// leave it open) or, without a handler, rejected.
+// window shown is recorded and, once its own event loop runs, handed to the
+// handler or, without one, rejected.
 class ModalWatcher : public QObject
 {
     Q_OBJECT
@@ -22,14 +19,13 @@ public:
     {
         QString className;
         QString title;
-        QString text;
-        int messagesBefore = 0; // MessageLog size when the dialog was seen
+        QString text; // a message box's text
     };
 
     explicit ModalWatcher(QObject *parent = nullptr);
 
-    // Types names into the dialog's file-name field, as a user would (one
-    // name, or several each in double quotes), and presses its accept button.
+    // Types names into the file-name field as a user would (one name, or
+    // several each in double quotes) and presses Open.
     static bool chooseFiles(QFileDialog *dialog, const QString &names);
 
     std::function<void(QWidget *)> handler;

@@ -5,15 +5,13 @@
 
 namespace {
 
-// Menu + n: getAction(key, n).
-enum Lookup { Shell, Tool, ByName, Menu = 10 };
+enum Lookup { Shell, Tool, ByName, Menu = 10 }; // Menu + n: getAction(key, n)
 
 QStringList split(const char *items)
 {
     return QString::fromLatin1(items).split(u'|', Qt::SkipEmptyParts);
 }
 
-// "kind:name" for each item of a list, the way the tables below spell menus.
 QStringList describe(const QList<MenuName *> &items)
 {
     QStringList lines;
@@ -22,16 +20,13 @@ QStringList describe(const QList<MenuName *> &items)
     return lines;
 }
 
-class Receiver : public QObject
+QList<QStringList> allItems(const MenuActionMan &registry)
 {
-    Q_OBJECT
-
-public:
-    int calls = 0;
-
-public Q_SLOTS:
-    void onTriggered() { ++calls; }
-};
+    QList<QStringList> all;
+    for (int menu = 0; menu < MenuActionMan::MenuCount; ++menu)
+        all.append(describe(registry.menuItems(menu)));
+    return all;
+}
 
 } // namespace
 
@@ -42,19 +37,10 @@ class TestMenuActionMan : public QObject
 private Q_SLOTS:
     void lookUpByKey_data();
     void lookUpByKey();
-    void getActionLeavesNullEntryForUnknownName();
-    void connectActionJoinsTriggeredToSlot();
-    void subMenuKeysAreNotUpperCased_data();
-    void subMenuKeysAreNotUpperCased();
-    void registeringTwiceReplacesEntryAndListsItemTwice();
+    void registeringAndConnecting();
     void menuIndexOutsideRangeIsIgnored();
-    void catalogueItems_data();
-    void catalogueItems();
-    void toolActionsStartDisabledShellActionsEnabled();
-    void shortcutsAndStatusTips_data();
+    void catalogue();
     void shortcutsAndStatusTips();
-    void byNameIndexHoldsTheSixteenToolActions();
-    void disableToolActionsDisablesEveryToolAction();
 };
 
 void TestMenuActionMan::lookUpByKey_data()
@@ -68,14 +54,10 @@ void TestMenuActionMan::lookUpByKey_data()
     };
     row("tool key, lower case", Tool, "file > save", "Save");
     row("tool key asked as shell", Shell, "FILE > SAVE", "");
-    row("shell key", Shell, "File > Save All", "Save All");
-    row("shell key asked as tool", Tool, "FILE > SAVE ALL", "");
     row("dots kept", Shell, "edit > find in files...", "Find in Files...");
     row("tools menu keys use Help", Shell, "help > option", "Option...");
-    row("no TOOLS title", Shell, "TOOLS > OPTION", "");
     row("by name, two words", ByName, "select all", "Select All");
     row("shell actions not by name", ByName, "SAVE ALL", "");
-    row("path key is no name", ByName, "FILE > SAVE", "");
     row("blank separator exact", Tool, "FILE>SAVE", "");
     row("getAction: option in tools", Menu + 3, "Option", "Option...");
     row("getAction: display text is no name", Menu + 3, "Option...", "");
@@ -93,229 +75,125 @@ void TestMenuActionMan::lookUpByKey()
     QFETCH(QString, expected);
 
     MenuActionMan registry;
-    const QByteArray raw = key.toLatin1();
     QAction *action = how == Shell    ? registry.findShellAction(key)
                       : how == Tool   ? registry.findToolAction(key)
                       : how == ByName ? registry.findActionByName(key)
-                                      : registry.getAction(raw.constData(), how - Menu);
-    QVERIFY(action);
-    if (expected.isEmpty())
-        QCOMPARE(action, registry.getDefaultAction());
-    else
-        QCOMPARE(action->objectName(), expected);
+                                      : registry.getAction(key.toLatin1().constData(), how - Menu);
+    QCOMPARE(action, expected.isEmpty() ? registry.getDefaultAction()
+                                        : registry.findChild<QAction *>(expected));
 }
 
-void TestMenuActionMan::getActionLeavesNullEntryForUnknownName()
+void TestMenuActionMan::registeringAndConnecting()
 {
     MenuActionMan registry;
-    QCOMPARE(registry.getAction("Nothing", 0), registry.getDefaultAction());
-    QCOMPARE(registry.findActionByName("NOTHING"), nullptr);
-
-    Receiver receiver;
-    QCOMPARE(registry.connectAction(0, "Nothing", &receiver, SLOT(onTriggered())), nullptr);
-    QCOMPARE(registry.findActionByName("Anything"), registry.getDefaultAction());
-}
-
-void TestMenuActionMan::connectActionJoinsTriggeredToSlot()
-{
-    MenuActionMan registry;
-    Receiver receiver;
-
-    QAction *open = registry.connectAction(0, "Open", &receiver, SLOT(onTriggered()));
-    QCOMPARE(open, registry.findShellAction("FILE > OPEN"));
-    open->trigger();
-    QCOMPARE(receiver.calls, 1);
-    // The Tools menu forms its key with "Help".
-    QAction *option = registry.connectAction(3, "Option", &receiver, SLOT(onTriggered()));
-    QCOMPARE(option, registry.findShellAction("HELP > OPTION"));
-    option->trigger();
-    QCOMPARE(receiver.calls, 2);
-
-    QCOMPARE(registry.connectAction(0, "Unknown", &receiver, SLOT(onTriggered())), nullptr);
-    QCOMPARE(registry.connectAction(1, "Exit", &receiver, SLOT(onTriggered())), nullptr);
-    registry.getDefaultAction()->trigger();
-    QCOMPARE(receiver.calls, 2);
-}
-
-void TestMenuActionMan::subMenuKeysAreNotUpperCased_data()
-{
-    QTest::addColumn<QByteArray>("title");
-    QTest::addColumn<QByteArray>("name");
-    QTest::addColumn<QString>("storedKey");
-    QTest::addColumn<bool>("found");
-
-    QTest::newRow("mixed case is lost")
-        << QByteArray("Tools") << QByteArray("Run") << "Tools > Run" << false;
-    QTest::newRow("upper case is found")
-        << QByteArray("TOOLS") << QByteArray("RUN") << "TOOLS > RUN" << true;
-    QTest::newRow("upper title, mixed name")
-        << QByteArray("BUILD") << QByteArray("Make") << "BUILD > Make" << false;
-}
-
-void TestMenuActionMan::subMenuKeysAreNotUpperCased()
-{
-    QFETCH(QByteArray, title);
-    QFETCH(QByteArray, name);
-    QFETCH(QString, storedKey);
-    QFETCH(bool, found);
-
-    MenuActionMan registry;
-    SubMenuName *subMenu = registry.addSubMenu(title.constData(), 0);
-    auto *action = new QAction(QStringLiteral("Run it"), &registry);
-    registry.registerAction(name.constData(), action, ShellAction, 0, subMenu);
-
-    QCOMPARE(describe(subMenu->items()),
-             QStringList{QString::number(ShellAction) + u':' + storedKey});
-    QCOMPARE(registry.menuItems(0).last(), subMenu);
-    QCOMPARE(registry.findShellAction(storedKey) == action, found);
-}
-
-void TestMenuActionMan::registeringTwiceReplacesEntryAndListsItemTwice()
-{
-    MenuActionMan registry;
+    SubMenuName *mixed = registry.addSubMenu("Tools", 0);
+    registry.registerAction("Run", new QAction("Run it", &registry), ShellAction, 0, mixed);
+    SubMenuName *upper = registry.addSubMenu("BUILD", 0);
+    auto *found = new QAction(QStringLiteral("Run it"), &registry);
+    registry.registerAction("MAKE", found, ShellAction, 0, upper);
+    QCOMPARE(describe(mixed->items()), QStringList{"4:Tools > Run"});
+    QCOMPARE(registry.menuItems(0).mid(registry.menuItems(0).size() - 2),
+             QList<MenuName *>({mixed, upper}));
+    QCOMPARE(registry.findShellAction("Tools > Run"), registry.getDefaultAction());
+    QCOMPARE(registry.findShellAction("BUILD > MAKE"), found);
+    // Registering a name twice replaces the entry and lists the item twice.
     const qsizetype before = registry.menuItems(1).size();
     auto *second = new QAction(QStringLiteral("Sort Lines"), &registry);
     registry.registerAction("Sort", new QAction(QStringLiteral("Sort"), &registry), ToolAction, 1);
     registry.registerAction("Sort", second, ToolAction, 1);
-
     QCOMPARE(registry.findToolAction("EDIT > SORT"), second);
     QCOMPARE(registry.findActionByName("sort"), second);
     QCOMPARE(describe(registry.menuItems(1)).mid(before), split("5:EDIT > SORT|5:EDIT > SORT"));
+    QAction receiver;
+    receiver.setCheckable(true);
+    QAction *option = registry.connectAction(3, "Option", &receiver, SLOT(toggle()));
+    QCOMPARE(option, registry.findShellAction("HELP > OPTION"));
+    option->trigger();
+    QVERIFY(receiver.isChecked());
+
+    QCOMPARE(registry.connectAction(1, "Exit", &receiver, SLOT(toggle())), nullptr);
+    // An unknown name leaves a null by-name entry: found as null, not as the stand-by.
+    QCOMPARE(registry.getAction("Nothing", 0), registry.getDefaultAction());
+    QCOMPARE(registry.findActionByName("NOTHING"), nullptr);
+    QCOMPARE(registry.connectAction(0, "Nothing", &receiver, SLOT(toggle())), nullptr);
+    registry.getDefaultAction()->trigger();
+    QVERIFY(receiver.isChecked());
 }
 
 void TestMenuActionMan::menuIndexOutsideRangeIsIgnored()
 {
     MenuActionMan registry;
-    const auto lists = [&registry] {
-        QList<QStringList> all;
-        for (int menu = 0; menu < 5; ++menu)
-            all.append(describe(registry.menuItems(menu)));
-        return all;
-    };
-    QList<QStringList> before = lists();
+    QList<QStringList> before = allItems(registry);
     QVERIFY(registry.menuItems(-1).isEmpty());
     registry.addSeparator(7);
     registry.addSeparator(5);
     registry.addPlaceholder(-2);
-    QCOMPARE(lists(), before);
+    QCOMPARE(allItems(registry), before);
     QVERIFY(registry.menuItems(7).isEmpty());
     registry.addSeparator(4);
     before[4].append("2:Separator");
-    QCOMPARE(lists(), before);
+    QCOMPARE(allItems(registry), before);
 }
 
-void TestMenuActionMan::catalogueItems_data()
-{
-    QTest::addColumn<int>("menu");
-    QTest::addColumn<QStringList>("items");
-
-    QTest::newRow("file") << 0
-                          << split("4:FILE > NEW|4:FILE > OPEN|2:Separator|4:FILE > CLOSE|"
-                                   "4:FILE > CLOSE ALL|2:Separator|5:FILE > SAVE|5:FILE > SAVE AS|"
-                                   "4:FILE > SAVE ALL|2:Separator|5:FILE > PAGE SETUP|"
-                                   "5:FILE > PRINT PREVIEW|5:FILE > PRINT|2:Separator|"
-                                   "1:Recent Files|2:Separator|4:FILE > EXIT");
-    QTest::newRow("edit") << 1
-                          << split("5:EDIT > UNDO|5:EDIT > REDO|2:Separator|5:EDIT > CUT|"
-                                   "5:EDIT > COPY|5:EDIT > PASTE|2:Separator|5:EDIT > FIND|"
-                                   "5:EDIT > FIND NEXT|5:EDIT > REPLACE|4:EDIT > FIND IN FILES...|"
-                                   "5:EDIT > GO TO|2:Separator|5:EDIT > CLEAR|5:EDIT > SELECT ALL|"
-                                   "3:Placeholder");
-    QTest::newRow("view") << 2 << split("4:VIEW > STATUS BAR|3:Placeholder");
-    QTest::newRow("tools") << 3 << split("4:HELP > OPTION");
-    QTest::newRow("help") << 4 << QStringList{};
-}
-
-void TestMenuActionMan::catalogueItems()
-{
-    QFETCH(int, menu);
-    QFETCH(QStringList, items);
-
-    MenuActionMan registry;
-    QCOMPARE(describe(registry.menuItems(menu)), items);
-}
-
-void TestMenuActionMan::toolActionsStartDisabledShellActionsEnabled()
+void TestMenuActionMan::catalogue()
 {
     MenuActionMan registry;
-    int tools = 0;
-    int shells = 0;
+    const QList<QStringList> expected{
+        split("4:FILE > NEW|4:FILE > OPEN|2:Separator|4:FILE > CLOSE|4:FILE > CLOSE ALL|"
+              "2:Separator|5:FILE > SAVE|5:FILE > SAVE AS|4:FILE > SAVE ALL|2:Separator|"
+              "5:FILE > PAGE SETUP|5:FILE > PRINT PREVIEW|5:FILE > PRINT|2:Separator|"
+              "1:Recent Files|2:Separator|4:FILE > EXIT"),
+        split("5:EDIT > UNDO|5:EDIT > REDO|2:Separator|5:EDIT > CUT|5:EDIT > COPY|5:EDIT > PASTE|"
+              "2:Separator|5:EDIT > FIND|5:EDIT > FIND NEXT|5:EDIT > REPLACE|"
+              "4:EDIT > FIND IN FILES...|5:EDIT > GO TO|2:Separator|5:EDIT > CLEAR|"
+              "5:EDIT > SELECT ALL|3:Placeholder"),
+        split("4:VIEW > STATUS BAR|3:Placeholder"),
+        split("4:HELP > OPTION"),
+        {}};
+    QCOMPARE(allItems(registry), expected);
+
+    // Each action item is filed under its key, a tool action also by its bare
+    // name; tool actions start disabled and only they are disabled later.
+    QHash<QAction *, bool> isTool;
     for (int menu = 0; menu < MenuActionMan::MenuCount; ++menu) {
         for (MenuName *item : registry.menuItems(menu)) {
-            const bool tool = item->kind() == ToolAction;
-            if (!tool && item->kind() != ShellAction)
-                continue;
-            QAction *action = tool ? registry.findToolAction(item->name())
-                                   : registry.findShellAction(item->name());
-            QVERIFY(action != registry.getDefaultAction());
-            QVERIFY2(action->isEnabled() != tool, qPrintable(item->name()));
-            ++(tool ? tools : shells);
+            const QString &key = item->name();
+            if (item->kind() == ToolAction) {
+                isTool.insert(registry.findToolAction(key), true);
+                QCOMPARE(registry.findActionByName(key.section(" > ", 1)),
+                         registry.findToolAction(key));
+            } else if (item->kind() == ShellAction) {
+                isTool.insert(registry.findShellAction(key), false);
+            }
         }
     }
-    QCOMPARE(tools, 16);
-    QCOMPARE(shells, 9);
+    QCOMPARE(isTool.size(), 25);
+    QVERIFY(!isTool.contains(registry.getDefaultAction()));
+    for (int pass = 0; pass < 2; ++pass) {
+        for (auto it = isTool.cbegin(); it != isTool.cend(); ++it) {
+            QVERIFY2(it.key()->isEnabled() != it.value(), qPrintable(it.key()->text()));
+            it.key()->setEnabled(true);
+        }
+        registry.disableToolActions();
+    }
     QVERIFY(registry.findShellAction("VIEW > STATUS BAR")->isCheckable());
-    QCOMPARE(registry.findShellAction("HELP > OPTION")->objectName(), QStringLiteral("Option..."));
-}
-
-void TestMenuActionMan::shortcutsAndStatusTips_data()
-{
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<QKeySequence>("shortcut"); // empty: not checked
-    QTest::addColumn<QString>("statusTip");
-
-    QTest::newRow("undo") << "EDIT > UNDO" << QKeySequence(Qt::CTRL | Qt::Key_Z) << "";
-    QTest::newRow("redo") << "EDIT > REDO" << QKeySequence(Qt::CTRL | Qt::Key_Y) << "";
-    QTest::newRow("cut") << "EDIT > CUT" << QKeySequence(Qt::CTRL | Qt::Key_X) << "";
-    QTest::newRow("copy") << "EDIT > COPY" << QKeySequence(Qt::CTRL | Qt::Key_C) << "";
-    QTest::newRow("paste") << "EDIT > PASTE" << QKeySequence(Qt::CTRL | Qt::Key_V)
-                           << "Pastes the text stored in the clipboard";
-    QTest::newRow("find in files")
-        << "EDIT > FIND IN FILES..." << QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F) << "";
-    QTest::newRow("print") << "FILE > PRINT" << QKeySequence() << "Print document that has focus";
-    QTest::newRow("exit") << "FILE > EXIT" << QKeySequence() << "Exit";
 }
 
 void TestMenuActionMan::shortcutsAndStatusTips()
 {
-    QFETCH(QString, key);
-    QFETCH(QKeySequence, shortcut);
-    QFETCH(QString, statusTip);
-
     MenuActionMan registry;
-    QAction *action = registry.findToolAction(key);
-    if (action == registry.getDefaultAction())
-        action = registry.findShellAction(key);
-    QVERIFY(action != registry.getDefaultAction());
-    if (!shortcut.isEmpty())
-        QCOMPARE(action->shortcut(), shortcut);
-    QCOMPARE(action->statusTip(), statusTip);
-}
-
-void TestMenuActionMan::byNameIndexHoldsTheSixteenToolActions()
-{
-    MenuActionMan registry;
-    QSet<QAction *> seen;
-    for (const QString &name : split("SAVE|SAVE AS|PAGE SETUP|PRINT PREVIEW|PRINT|UNDO|REDO|CUT|"
-                                     "COPY|PASTE|FIND|FIND NEXT|REPLACE|GO TO|CLEAR|SELECT ALL")) {
-        QAction *action = registry.findActionByName(name);
-        QVERIFY2(action != registry.getDefaultAction(), qPrintable(name));
-        QCOMPARE(action->text().toUpper(), name);
-        seen.insert(action);
+    for (const QString &row :
+         split("UNDO=Ctrl+Z|REDO=Ctrl+Y|CUT=Ctrl+X|COPY=Ctrl+C|PASTE=Ctrl+V")) {
+        const QAction *action = registry.findActionByName(row.section(u'=', 0, 0));
+        QCOMPARE(action->shortcut(), QKeySequence(row.section(u'=', 1)));
     }
-    QCOMPARE(seen.size(), 16);
-}
-
-void TestMenuActionMan::disableToolActionsDisablesEveryToolAction()
-{
-    MenuActionMan registry;
-    QAction *save = registry.findToolAction("FILE > SAVE");
-    QAction *paste = registry.findToolAction("EDIT > PASTE");
-    save->setEnabled(true);
-    paste->setEnabled(true);
-    registry.disableToolActions();
-    QVERIFY(!save->isEnabled() && !paste->isEnabled());
-    QVERIFY(registry.findShellAction("FILE > NEW")->isEnabled());
+    QCOMPARE(registry.findShellAction("EDIT > FIND IN FILES...")->shortcut(),
+             QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F));
+    QCOMPARE(registry.findActionByName("PASTE")->statusTip(),
+             QStringLiteral("Pastes the text stored in the clipboard"));
+    QCOMPARE(registry.findActionByName("PRINT")->statusTip(),
+             QStringLiteral("Print document that has focus"));
+    QCOMPARE(registry.findShellAction("FILE > EXIT")->statusTip(), QStringLiteral("Exit"));
 }
 
 QTEST_MAIN(TestMenuActionMan)
