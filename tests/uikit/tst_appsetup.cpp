@@ -57,17 +57,16 @@ void TestAppSetup::translationIsComplete()
         while (!xml.atEnd()) {
             if (xml.readNext() != QXmlStreamReader::StartElement)
                 continue;
-            if (xml.name() == QLatin1String("source")) {
-                source = xml.readElementText();
-            } else if (xml.name() == QLatin1String("translation")) {
-                ++messages;
-                const bool unfinished =
-                    xml.attributes().value(QLatin1String("type")) == QLatin1String("unfinished");
-                // Plural forms come as child elements; their texts run together.
-                const QString text = xml.readElementText(QXmlStreamReader::IncludeChildElements);
-                if (unfinished || text.trimmed().isEmpty() || markers(source) != markers(text))
-                    problems << name + u": " + source;
-            }
+            if (xml.name() == u"source")
+                source = xml.readElementText(); // leaves the reader on its end
+            if (xml.name() != u"translation")
+                continue;
+            ++messages;
+            const bool unfinished = xml.attributes().value(QLatin1String("type")) == u"unfinished";
+            // Plural forms come as child elements; their texts run together.
+            const QString text = xml.readElementText(QXmlStreamReader::IncludeChildElements);
+            if (unfinished || text.trimmed().isEmpty() || markers(source) != markers(text))
+                problems << name + u": " + source;
         }
         QVERIFY2(!xml.hasError(), qPrintable(xml.errorString()));
         QVERIFY(messages > 0);
