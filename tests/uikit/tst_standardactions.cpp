@@ -22,7 +22,6 @@ private:
 // With no icon theme at all, every command with an icon shows the bundled drawing.
 void TestStandardActions::everyCommandDrawnWithKeysOfItsOwn()
 {
-    QIcon::setThemeName(QString());
     QHash<QKeySequence, QString> owner;
     for (const QString &name : StandardActions::names()) {
         const BaseAction action(name.toLatin1().constData(), nullptr);
