@@ -2,8 +2,8 @@
 #include "hubappinterface.h"
 #include "sedgui.h"
 #include "templatetree.h"
+#include "toolargs.h"
 
-#include <QDir>
 #include <QFile>
 #include <QPluginLoader>
 #include <QTemporaryDir>
@@ -11,13 +11,9 @@
 
 #include <Qsci/qsciscintilla.h>
 
-#include <sys/stat.h>
+using namespace koru::sedgui;
 
-using koru::sedgui::SedGUI;
-using koru::sedgui::TemplateTree;
-
-// Stands in for the main window: records the open-at-line requests the
-// factory queues for the files after the first.
+// Records the open-at-line requests the factory queues for the files after the first.
 class FakeMainWindow : public QWidget
 {
     Q_OBJECT
@@ -36,9 +32,9 @@ class TestSedApp : public QObject
 private Q_SLOTS:
     void initTestCase();
     void cleanup();
-    void newDocumentEachTime();
+    void parseArgs_data();
+    void parseArgs();
     void openAtLineThenFindItAgain();
-    void unopenableFileIsRefused_data();
     void unopenableFileIsRefused();
     void startUpCommandLineQueuesTheOtherFiles();
 
@@ -50,7 +46,7 @@ private:
 
     QPluginLoader m_loader{QStringLiteral(SEDAPP_PLUGIN_PATH)}; // the real plug-in
     hubAppInterface *m_app = nullptr;
-    QTemporaryDir m_dir;
+    QTemporaryDir m_dir; // holds a file named "odd:12"
     FakeMainWindow m_window;
 };
 
@@ -58,7 +54,8 @@ void TestSedApp::initTestCase()
 {
     m_app = qobject_cast<hubAppInterface *>(m_loader.instance());
     QVERIFY2(m_app, qPrintable(m_loader.errorString()));
-    QVERIFY(m_dir.isValid());
+    QFile file(m_dir.filePath(QStringLiteral("odd:12")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
 }
 
 void TestSedApp::cleanup()
@@ -67,13 +64,41 @@ void TestSedApp::cleanup()
     m_window.requests.clear();
 }
 
-void TestSedApp::newDocumentEachTime()
+// The files as "path@line", W standing for the working folder, then the
+// arguments skipped, after "ignoring".
+void TestSedApp::parseArgs_data()
 {
-    SedGUI *tool = create({});
-    QVERIFY(tool);
-    QVERIFY(tool->getFileName().isEmpty());
-    QVERIFY(tool->getTabText().startsWith(QStringLiteral("Untitled ")));
-    QVERIFY(create({}) != tool);
+    QTest::addColumn<QStringList>("args");
+    QTest::addColumn<QString>("expected");
+
+    const QString utf8 = QString::fromUtf8("/src/caf\xc3\xa9.c");
+    QTest::newRow("empty argument") << QStringList{""} << "";
+    QTest::newRow("+N, -line N") << QStringList{"+7", "/a", "/b", "-line", "42"} << "/a@7 /b@42";
+    QTest::newRow("-line 0 or none")
+        << QStringList{"/a", "-line", "0", "-line"} << "/a@0 ignoring -line -line";
+    QTest::newRow("path:N, path:N:column:")
+        << QStringList{"/x.c:12", "/y.c:3:9:"} << "/x.c@12 /y.c@3";
+    QTest::newRow("file named odd:12") << QStringList{"odd:12"} << "W/odd:12@0";
+    QTest::newRow("unknown options")
+        << QStringList{"--verbose", "/a", "-x"} << "/a@0 ignoring --verbose -x";
+    QTest::newRow("relative paths after --")
+        << QStringList{"--", "b/../-x", "+3"} << "W/-x@0 W/+3@0";
+    QTest::newRow("file url") << QStringList{"file:///tmp/a%20b.txt"} << "/tmp/a b.txt@0";
+    QTest::newRow("UTF-8 bytes") << QStringList{QString::fromLatin1(utf8.toUtf8())} << utf8 + "@0";
+    QTest::newRow("Latin-1 name") << QStringList{utf8} << utf8 + "@0";
+}
+
+void TestSedApp::parseArgs()
+{
+    QFETCH(QStringList, args);
+    QFETCH(QString, expected);
+    const ToolArgs parsed = ToolArgs::parse(args, m_dir.path());
+    QStringList found;
+    for (const ToolArgs::File &file : parsed.files)
+        found << QStringLiteral("%1@%2").arg(file.path).arg(file.line);
+    if (!parsed.ignored.isEmpty())
+        found << QStringLiteral("ignoring") << parsed.ignored;
+    QCOMPARE(found.join(u' '), QString(expected).replace(u'W', m_dir.path()));
 }
 
 void TestSedApp::openAtLineThenFindItAgain()
@@ -100,30 +125,16 @@ void TestSedApp::openAtLineThenFindItAgain()
     QCOMPARE(TemplateTree::Instance()->documents().size(), 1);
 }
 
-// The row's tag is what the message must name.
-void TestSedApp::unopenableFileIsRefused_data()
-{
-    QTest::addColumn<QString>("name"); // in the temporary folder, or an absolute path
-    QTest::newRow("directory") << ".";
-    QTest::newRow("fifo") << "fifo";
-    QTest::newRow("device") << "/dev/zero";
-}
-
+// The kinds of file refused are the reader's business; the factory must tell
+// the user once, hand the same text back, and keep no document.
 void TestSedApp::unopenableFileIsRefused()
 {
-    QFETCH(QString, name);
-    const QString path = QDir::cleanPath(QDir(m_dir.path()).filePath(name));
-    if (name == QLatin1String("fifo"))
-        QVERIFY(::mkfifo(QFile::encodeName(path).constData(), 0600) == 0);
-    const QString reason = QString::fromLatin1(QTest::currentDataTag());
-
     PromptRecorder prompts;
     QString error;
-    QVERIFY(!create({path}, &error));
+    QVERIFY(!create({m_dir.path()}, &error));
     QCOMPARE(prompts.asked.size(), 1);
-    const QString text = prompts.asked.first().text;
-    QVERIFY2(text.contains(path) && text.contains(reason, Qt::CaseInsensitive), qPrintable(text));
-    QCOMPARE(error, text);
+    QCOMPARE(prompts.asked.first().text, error);
+    QVERIFY2(error.contains(m_dir.path()) && error.contains("directory"), qPrintable(error));
     QVERIFY(TemplateTree::Instance()->documents().isEmpty());
 }
 
@@ -138,6 +149,9 @@ void TestSedApp::startUpCommandLineQueuesTheOtherFiles()
     QTRY_COMPARE(m_window.requests.size(), 2);
     QCOMPARE(m_window.requests,
              (QList<std::pair<QString, int>>{{dir + "second.txt", 5}, {dir + "third.txt", 9}}));
+    // Without a file, a new document each time.
+    SedGUI *fresh = create({});
+    QVERIFY(fresh && fresh->getFileName().isEmpty() && create({}) != fresh);
 }
 
 QTEST_MAIN(TestSedApp)
