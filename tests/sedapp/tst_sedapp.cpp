@@ -31,7 +31,7 @@ class TestSedApp : public QObject
 
 private Q_SLOTS:
     void initTestCase();
-    void cleanup();
+    void cleanup() { qDeleteAll(TemplateTree::Instance()->documents()); }
     void parseArgs_data();
     void parseArgs();
     void openAtLineThenFindItAgain();
@@ -43,25 +43,28 @@ private:
     {
         return qobject_cast<SedGUI *>(m_app->createTool(&m_window, 0, args, error, 0));
     }
+    // "file:line" of a tool's cursor.
+    static QString at(SedGUI *tool)
+    {
+        int line = 0, index = 0;
+        if (tool)
+            tool->editor()->getCursorPosition(&line, &index);
+        return tool ? tool->getFileName() + u':' + QString::number(line + 1) : QString();
+    }
 
     QPluginLoader m_loader{QStringLiteral(SEDAPP_PLUGIN_PATH)}; // the real plug-in
-    hubAppInterface *m_app = nullptr;
-    QTemporaryDir m_dir; // holds a file named "odd:12"
+    hubAppInterface *m_app = qobject_cast<hubAppInterface *>(m_loader.instance());
+    QTemporaryDir m_dir; // holds "lines.txt" and a file named "odd:12"
     FakeMainWindow m_window;
 };
 
 void TestSedApp::initTestCase()
 {
-    m_app = qobject_cast<hubAppInterface *>(m_loader.instance());
     QVERIFY2(m_app, qPrintable(m_loader.errorString()));
-    QFile file(m_dir.filePath(QStringLiteral("odd:12")));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-}
-
-void TestSedApp::cleanup()
-{
-    qDeleteAll(TemplateTree::Instance()->documents());
-    m_window.requests.clear();
+    for (const QString name : {"lines.txt", "odd:12"}) {
+        QFile file(m_dir.filePath(name));
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(QByteArray("x\n").repeated(100)));
+    }
 }
 
 // The files as "path@line", W standing for the working folder, then the
@@ -72,20 +75,18 @@ void TestSedApp::parseArgs_data()
     QTest::addColumn<QString>("expected");
 
     const QString utf8 = QString::fromUtf8("/src/caf\xc3\xa9.c");
-    QTest::newRow("empty argument") << QStringList{""} << "";
     QTest::newRow("+N, -line N") << QStringList{"+7", "/a", "/b", "-line", "42"} << "/a@7 /b@42";
     QTest::newRow("-line 0 or none")
         << QStringList{"/a", "-line", "0", "-line"} << "/a@0 ignoring -line -line";
-    QTest::newRow("path:N, path:N:column:")
-        << QStringList{"/x.c:12", "/y.c:3:9:"} << "/x.c@12 /y.c@3";
-    QTest::newRow("file named odd:12") << QStringList{"odd:12"} << "W/odd:12@0";
-    QTest::newRow("unknown options")
-        << QStringList{"--verbose", "/a", "-x"} << "/a@0 ignoring --verbose -x";
-    QTest::newRow("relative paths after --")
-        << QStringList{"--", "b/../-x", "+3"} << "W/-x@0 W/+3@0";
-    QTest::newRow("file url") << QStringList{"file:///tmp/a%20b.txt"} << "/tmp/a b.txt@0";
-    QTest::newRow("UTF-8 bytes") << QStringList{QString::fromLatin1(utf8.toUtf8())} << utf8 + "@0";
-    QTest::newRow("Latin-1 name") << QStringList{utf8} << utf8 + "@0";
+    QTest::newRow("path:N, path:N:column:, url")
+        << QStringList{"/x:12", "/y:3:9:", "file:///a%20b"} << "/x@12 /y@3 /a b@0";
+    QTest::newRow("odd:12 is a file; after --, all paths")
+        << QStringList{"odd:12", "--", "b/../-x", "+3"} << "W/odd:12@0 W/-x@0 W/+3@0";
+    QTest::newRow("unknown options, empty")
+        << QStringList{"--verbose", "", "/a", "-x"} << "/a@0 ignoring --verbose -x";
+    // The shell hands a UTF-8 name over byte by byte; a Latin-1 one stays.
+    QTest::newRow("UTF-8 bytes, Latin-1")
+        << QStringList{QString::fromLatin1(utf8.toUtf8()), utf8} << utf8 + "@0 " + utf8 + "@0";
 }
 
 void TestSedApp::parseArgs()
@@ -104,29 +105,15 @@ void TestSedApp::parseArgs()
 void TestSedApp::openAtLineThenFindItAgain()
 {
     const QString path = m_dir.filePath(QStringLiteral("lines.txt"));
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(QByteArray("x\n").repeated(100)) == 200);
-    file.close();
-    const auto cursorLine = [](SedGUI *tool) {
-        int line = 0, index = 0;
-        tool->editor()->getCursorPosition(&line, &index);
-        return line + 1;
-    };
-
-    SedGUI *tool = create({path, QStringLiteral("-line"), QStringLiteral("40")});
-    QVERIFY(tool);
-    QCOMPARE(tool->getFileName(), path);
-    QCOMPARE(cursorLine(tool), 40);
+    QCOMPARE(at(create({path, QStringLiteral("-line"), QStringLiteral("40")})), path + ":40");
     // The file, however spelt, is the tool already open; a line moves its cursor.
-    QCOMPARE(create({path}), tool);
-    QCOMPARE(cursorLine(tool), 40);
-    QCOMPARE(create({m_dir.path() + QStringLiteral("/./lines.txt:2")}), tool);
-    QCOMPARE(cursorLine(tool), 2);
+    QCOMPARE(at(create({path})), path + ":40");
+    QCOMPARE(at(create({m_dir.path() + QStringLiteral("/./lines.txt:2")})), path + ":2");
     QCOMPARE(TemplateTree::Instance()->documents().size(), 1);
 }
 
-// The kinds of file refused are the reader's business; the factory must tell
-// the user once, hand the same text back, and keep no document.
+// Which files are refused is the reader's business; the factory tells the user
+// once, hands the same text back, and keeps no document.
 void TestSedApp::unopenableFileIsRefused()
 {
     PromptRecorder prompts;
@@ -141,14 +128,12 @@ void TestSedApp::unopenableFileIsRefused()
 void TestSedApp::startUpCommandLineQueuesTheOtherFiles()
 {
     const QString dir = m_dir.path() + u'/';
-    SedGUI *tool = create({dir + "first.txt", "+5", dir + "second.txt", dir + "third.txt:9"});
-    QVERIFY(tool);
-    QCOMPARE(tool->getFileName(), dir + "first.txt");
+    const auto tool = create({dir + "first.txt", "+5", dir + "second.txt", dir + "third.txt:9"});
+    QCOMPARE(at(tool), dir + "first.txt:1");
     // Queued: the shell adds the first tool before the others arrive.
     QVERIFY(m_window.requests.isEmpty());
-    QTRY_COMPARE(m_window.requests.size(), 2);
-    QCOMPARE(m_window.requests,
-             (QList<std::pair<QString, int>>{{dir + "second.txt", 5}, {dir + "third.txt", 9}}));
+    QTRY_COMPARE(m_window.requests,
+                 (QList<std::pair<QString, int>>{{dir + "second.txt", 5}, {dir + "third.txt", 9}}));
     // Without a file, a new document each time.
     SedGUI *fresh = create({});
     QVERIFY(fresh && fresh->getFileName().isEmpty() && create({}) != fresh);
