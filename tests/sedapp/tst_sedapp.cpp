@@ -73,10 +73,8 @@ void TestSedApp::parseArgs_data()
     const QString utf8 = QString::fromUtf8("/src/caf\xc3\xa9.c");
     QTest::newRow("+N, -line N") << "+7 /a /b -line 42 => /a@7 /b@42";
     QTest::newRow("-line 0 or none") << "/a -line 0 -line => /a@0 ignoring -line -line";
-    QTest::newRow("path:N, path:N:column:, url")
-        << "/x:12 /y:3:9: file:///a%20b => /x@12 /y@3 /a b@0";
-    QTest::newRow("odd:12 is a file, all paths after --")
-        << "odd:12 -- b/../-x +3 => W/odd:12@0 W/-x@0 W/+3@0";
+    QTest::newRow("path:N, :N:column:, url") << "/x:12 /y:3:9: file:///a%20b => /x@12 /y@3 /a b@0";
+    QTest::newRow("odd:12, --") << "odd:12 -- b/../-x +3 => W/odd:12@0 W/-x@0 W/+3@0";
     QTest::newRow("unknown options, empty one") << "--verbose  /a -x => /a@0 ignoring --verbose -x";
     // The shell hands a UTF-8 name over byte by byte; a Latin-1 one stays.
     QTest::newRow("UTF-8 bytes, Latin-1")
@@ -124,8 +122,7 @@ void TestSedApp::startUpCommandLineQueuesTheOtherFiles()
     QVERIFY(m_window.requests.isEmpty());
     QTRY_COMPARE(m_window.requests,
                  (QList<std::pair<QString, int>>{{dir + "second.txt", 5}, {dir + "third.txt", 9}}));
-    // Without a file, a new document each time.
-    SedGUI *fresh = create({});
+    SedGUI *fresh = create({}); // no file: a new document each time
     QVERIFY(fresh && fresh->getFileName().isEmpty() && create({}) != fresh);
 }
 
