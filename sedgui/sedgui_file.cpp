@@ -2,6 +2,7 @@
 #include "editorsettings.h"
 #include "filereader.h"
 #include "infobar.h"
+#include "languagelexers.h"
 #include "languages.h"
 #include "safesaver.h"
 #include "sedgui.h"
@@ -256,7 +257,7 @@ void SedGUI::applyLanguage(const QString &name)
     if (language == m_doc->language && (m_editor->lexer() != nullptr) == !language.isEmpty())
         return;
     QsciLexer *old = m_editor->lexer();
-    QsciLexer *lexer = Languages::createLexer(language, m_editor);
+    QsciLexer *lexer = LanguageLexers::create(language, m_editor);
     if (lexer) {
         const QFont font = m_editor->font();
         lexer->setDefaultFont(font);

@@ -1,5 +1,6 @@
 #include "editorcommands.h"
 #include "gotodialog.h"
+#include "languagelexers.h"
 #include "languages.h"
 
 #include <QTest>
@@ -25,7 +26,7 @@ qint64 run(QsciScintilla &editor, const QString &command)
     }
     if (command == QLatin1String("trim"))
         return EditorCommands::trimTrailingWhitespace(&editor);
-    editor.setLexer(Languages::createLexer(command, &editor));
+    editor.setLexer(LanguageLexers::create(command, &editor));
     return EditorCommands::toggleComment(&editor);
 }
 
@@ -55,7 +56,7 @@ private Q_SLOTS:
         QFETCH(int, expectedIndex);
         // Lines 2 to 500 are folded away under the first: the caret line must be unfolded.
         QsciScintilla editor;
-        editor.setLexer(Languages::createLexer(QStringLiteral("C++"), &editor));
+        editor.setLexer(LanguageLexers::create(QStringLiteral("C++"), &editor));
         editor.setFolding(QsciScintilla::BoxedTreeFoldStyle);
         editor.setText("{\n" + QStringLiteral("line 0 text\n").repeated(498) + "}");
         editor.resize(400, 300);
@@ -181,7 +182,7 @@ private Q_SLOTS:
         QCOMPARE(filter.first(), QStringLiteral("All Files (*)"));
         QVERIFY(Languages::names().size() >= 35);
         for (const QString &name : Languages::names()) {
-            const QsciLexer *lexer = Languages::createLexer(name, &owner);
+            const QsciLexer *lexer = LanguageLexers::create(name, &owner);
             QVERIFY2(lexer && lexer->parent() == &owner, qPrintable(name));
             const QStringList patterns = Languages::patterns(name);
             const QString entry = name + " (" + patterns.join(QLatin1Char(' ')) + ')';
@@ -190,8 +191,8 @@ private Q_SLOTS:
                 QVERIFY2(Languages::detect(QString(pattern).replace('*', 'x'), {}) == name,
                          qPrintable(name + QLatin1Char(' ') + pattern));
         }
-        QVERIFY(!Languages::createLexer(QString(), &owner));
-        QVERIFY(!Languages::createLexer(QStringLiteral("Klingon"), &owner));
+        QVERIFY(!LanguageLexers::create(QString(), &owner));
+        QVERIFY(!LanguageLexers::create(QStringLiteral("Klingon"), &owner));
     }
 };
 

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "sedguiexport.h"
-
 #include <QString>
 
 namespace koru::sedgui {
@@ -9,7 +7,7 @@ namespace koru::sedgui {
 // What a file on disk was at one moment: compared before saving and when the
 // file system watcher reports a change, to tell whether it is still the file
 // that was loaded.
-struct SEDGUI_EXPORT FileIdentity
+struct FileIdentity
 {
     bool exists = false;
     qint64 size = -1;

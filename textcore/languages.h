@@ -1,20 +1,15 @@
 #pragma once
 
-#include "sedguiexport.h"
-
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
 
-class QObject;
-class QsciLexer;
-
 namespace koru::sedgui {
 
-// The languages the editor colours: one per syntax lexer the editing widget
-// offers, with the file names and "#!" interpreters that select it. Needs no
-// widget; the table is built once and never changes.
-class SEDGUI_EXPORT Languages
+// The languages the editor colours, as data: their names and the file names
+// and "#!" interpreters that select them. Needs no widget: the editor maps a
+// name to its lexer. The table is built once and never changes.
+class Languages
 {
 public:
     // Every language name, sorted ("Bash", "C", "C++", ...). Plain text is not
@@ -26,10 +21,6 @@ public:
     // else by its first line ("#!/usr/bin/env python3", "<?xml"). Empty when
     // nothing matches.
     static QString detect(const QString &fileName, const QByteArray &firstLine);
-
-    // A new lexer for a name of names(), owned by parent; null for an unknown
-    // or empty name.
-    static QsciLexer *createLexer(const QString &name, QObject *parent);
 
     // The file name patterns of a language, e.g. {"*.py", "*.pyw"}.
     static QStringList patterns(const QString &name);

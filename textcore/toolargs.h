@@ -1,7 +1,5 @@
 #pragma once
 
-#include "sedguiexport.h"
-
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -17,7 +15,7 @@ namespace koru::sedgui {
 //   --                         everything after it is a path, even "-x" or "+3"
 // Relative paths are made absolute against the working folder; "file://"
 // URLs become paths. Unknown options are skipped and listed in ignored.
-class SEDGUI_EXPORT ToolArgs
+class ToolArgs
 {
 public:
     struct File

@@ -1,14 +1,12 @@
 #pragma once
 
-#include "sedguiexport.h"
-
 #include <QByteArray>
 #include <QString>
 
 namespace koru::sedgui {
 
 // Reads a whole file for opening it in the editor.
-class SEDGUI_EXPORT FileReader
+class FileReader
 {
 public:
     // Refuses what is not a regular file before reading a byte (a directory,

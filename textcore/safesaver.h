@@ -1,7 +1,5 @@
 #pragma once
 
-#include "sedguiexport.h"
-
 #include <QByteArray>
 #include <QString>
 
@@ -9,7 +7,7 @@ namespace koru::sedgui {
 
 // Writes a file so that afterwards either the whole new content is there or
 // the old file is untouched.
-class SEDGUI_EXPORT SafeSaver
+class SafeSaver
 {
 public:
     // Writes to a temporary file in the same folder, fsyncs it and renames

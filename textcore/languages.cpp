@@ -5,61 +5,13 @@
 #include <QList>
 #include <QRegularExpression>
 
-#include <Qsci/qscilexeravs.h>
-#include <Qsci/qscilexerbash.h>
-#include <Qsci/qscilexerbatch.h>
-#include <Qsci/qscilexercmake.h>
-#include <Qsci/qscilexercoffeescript.h>
-#include <Qsci/qscilexercpp.h>
-#include <Qsci/qscilexercsharp.h>
-#include <Qsci/qscilexercss.h>
-#include <Qsci/qscilexerd.h>
-#include <Qsci/qscilexerdiff.h>
-#include <Qsci/qscilexeredifact.h>
-#include <Qsci/qscilexerfortran.h>
-#include <Qsci/qscilexerfortran77.h>
-#include <Qsci/qscilexerhtml.h>
-#include <Qsci/qscilexeridl.h>
-#include <Qsci/qscilexerjava.h>
-#include <Qsci/qscilexerjavascript.h>
-#include <Qsci/qscilexerjson.h>
-#include <Qsci/qscilexerlua.h>
-#include <Qsci/qscilexermakefile.h>
-#include <Qsci/qscilexermarkdown.h>
-#include <Qsci/qscilexermatlab.h>
-#include <Qsci/qscilexeroctave.h>
-#include <Qsci/qscilexerpascal.h>
-#include <Qsci/qscilexerperl.h>
-#include <Qsci/qscilexerpo.h>
-#include <Qsci/qscilexerpostscript.h>
-#include <Qsci/qscilexerpov.h>
-#include <Qsci/qscilexerproperties.h>
-#include <Qsci/qscilexerpython.h>
-#include <Qsci/qscilexerruby.h>
-#include <Qsci/qscilexerspice.h>
-#include <Qsci/qscilexersql.h>
-#include <Qsci/qscilexertcl.h>
-#include <Qsci/qscilexertex.h>
-#include <Qsci/qscilexerverilog.h>
-#include <Qsci/qscilexervhdl.h>
-#include <Qsci/qscilexerxml.h>
-#include <Qsci/qscilexeryaml.h>
-
 namespace koru::sedgui {
 
 namespace {
 
-using LexerMaker = QsciLexer *(*)(QObject *parent);
-
-template<typename Lexer> QsciLexer *make(QObject *parent)
-{
-    return new Lexer(parent);
-}
-
 struct Language
 {
     QString name;
-    LexerMaker maker;
     // Exact file names ("Makefile") and wildcard patterns ("*.mk").
     QStringList patterns;
     // Interpreter names of a "#!" line, without version ("python" matches
@@ -82,78 +34,64 @@ struct Table
 QList<Language> languageList()
 {
     return {
-        {QStringLiteral("AVS"), make<QsciLexerAVS>, {"*.avs", "*.avsi"}, {}},
+        {QStringLiteral("AVS"), {"*.avs", "*.avsi"}, {}},
         {QStringLiteral("Bash"),
-         make<QsciLexerBash>,
          {"*.sh", "*.bash", "*.zsh", "*.ksh", ".bashrc", ".bash_profile", ".bash_logout",
           ".profile", ".zshrc", "PKGBUILD", "configure"},
          {"sh", "bash", "zsh", "ksh", "dash", "ash"}},
-        {QStringLiteral("Batch"), make<QsciLexerBatch>, {"*.bat", "*.cmd"}, {}},
-        {QStringLiteral("C"), make<QsciLexerCPP>, {"*.c", "*.h"}, {"tcc"}},
+        {QStringLiteral("Batch"), {"*.bat", "*.cmd"}, {}},
+        {QStringLiteral("C"), {"*.c", "*.h"}, {"tcc"}},
         {QStringLiteral("C++"),
-         make<QsciLexerCPP>,
          {"*.cpp", "*.cxx", "*.cc", "*.c++", "*.hpp", "*.hxx", "*.hh", "*.h++", "*.ipp", "*.tpp",
           "*.inl", "*.ino", "*.mm"},
          {}},
-        {QStringLiteral("C#"), make<QsciLexerCSharp>, {"*.cs", "*.csx"}, {}},
-        {QStringLiteral("CMake"), make<QsciLexerCMake>, {"CMakeLists.txt", "*.cmake"}, {"cmake"}},
-        {QStringLiteral("CoffeeScript"), make<QsciLexerCoffeeScript>, {"*.coffee"}, {"coffee"}},
-        {QStringLiteral("CSS"), make<QsciLexerCSS>, {"*.css"}, {}},
-        {QStringLiteral("D"), make<QsciLexerD>, {"*.d", "*.di"}, {"rdmd"}},
-        {QStringLiteral("Diff"), make<QsciLexerDiff>, {"*.diff", "*.patch", "*.rej"}, {}},
-        {QStringLiteral("EDIFACT"), make<QsciLexerEDIFACT>, {"*.edi", "*.edifact"}, {}},
-        {QStringLiteral("Fortran"),
-         make<QsciLexerFortran>,
-         {"*.f90", "*.f95", "*.f03", "*.f08"},
-         {}},
-        {QStringLiteral("Fortran 77"), make<QsciLexerFortran77>, {"*.f", "*.for", "*.f77"}, {}},
+        {QStringLiteral("C#"), {"*.cs", "*.csx"}, {}},
+        {QStringLiteral("CMake"), {"CMakeLists.txt", "*.cmake"}, {"cmake"}},
+        {QStringLiteral("CoffeeScript"), {"*.coffee"}, {"coffee"}},
+        {QStringLiteral("CSS"), {"*.css"}, {}},
+        {QStringLiteral("D"), {"*.d", "*.di"}, {"rdmd"}},
+        {QStringLiteral("Diff"), {"*.diff", "*.patch", "*.rej"}, {}},
+        {QStringLiteral("EDIFACT"), {"*.edi", "*.edifact"}, {}},
+        {QStringLiteral("Fortran"), {"*.f90", "*.f95", "*.f03", "*.f08"}, {}},
+        {QStringLiteral("Fortran 77"), {"*.f", "*.for", "*.f77"}, {}},
         {QStringLiteral("HTML"),
-         make<QsciLexerHTML>,
          {"*.html", "*.htm", "*.xhtml", "*.shtml", "*.php", "*.phtml"},
          {"php"}},
-        {QStringLiteral("IDL"), make<QsciLexerIDL>, {"*.idl", "*.odl"}, {}},
-        {QStringLiteral("Java"), make<QsciLexerJava>, {"*.java"}, {}},
+        {QStringLiteral("IDL"), {"*.idl", "*.odl"}, {}},
+        {QStringLiteral("Java"), {"*.java"}, {}},
         {QStringLiteral("JavaScript"),
-         make<QsciLexerJavaScript>,
          {"*.js", "*.mjs", "*.cjs", "*.jsx", "*.ts", "*.tsx"},
          {"node", "nodejs", "deno", "gjs"}},
-        {QStringLiteral("JSON"), make<QsciLexerJSON>, {"*.json", "*.geojson", ".jshintrc"}, {}},
-        {QStringLiteral("Lua"), make<QsciLexerLua>, {"*.lua"}, {"lua", "luajit"}},
+        {QStringLiteral("JSON"), {"*.json", "*.geojson", ".jshintrc"}, {}},
+        {QStringLiteral("Lua"), {"*.lua"}, {"lua", "luajit"}},
         {QStringLiteral("Makefile"),
-         make<QsciLexerMakefile>,
          {"Makefile", "makefile", "GNUmakefile", "*.mk", "*.mak", "*.make"},
          {"make"}},
-        {QStringLiteral("Markdown"), make<QsciLexerMarkdown>, {"*.md", "*.markdown", "*.mkd"}, {}},
-        {QStringLiteral("MATLAB"), make<QsciLexerMatlab>, {"*.m"}, {}},
-        {QStringLiteral("Octave"), make<QsciLexerOctave>, {}, {"octave", "octave-cli"}},
-        {QStringLiteral("Pascal"), make<QsciLexerPascal>, {"*.pas", "*.pp", "*.dpr", "*.lpr"}, {}},
-        {QStringLiteral("Perl"), make<QsciLexerPerl>, {"*.pl", "*.pm", "*.t", "*.pod"}, {"perl"}},
-        {QStringLiteral("PO"), make<QsciLexerPO>, {"*.po", "*.pot"}, {}},
-        {QStringLiteral("PostScript"), make<QsciLexerPostScript>, {"*.ps", "*.eps"}, {}},
-        {QStringLiteral("POV-Ray"), make<QsciLexerPOV>, {"*.pov"}, {}},
+        {QStringLiteral("Markdown"), {"*.md", "*.markdown", "*.mkd"}, {}},
+        {QStringLiteral("MATLAB"), {"*.m"}, {}},
+        {QStringLiteral("Octave"), {}, {"octave", "octave-cli"}},
+        {QStringLiteral("Pascal"), {"*.pas", "*.pp", "*.dpr", "*.lpr"}, {}},
+        {QStringLiteral("Perl"), {"*.pl", "*.pm", "*.t", "*.pod"}, {"perl"}},
+        {QStringLiteral("PO"), {"*.po", "*.pot"}, {}},
+        {QStringLiteral("PostScript"), {"*.ps", "*.eps"}, {}},
+        {QStringLiteral("POV-Ray"), {"*.pov"}, {}},
         {QStringLiteral("Properties"),
-         make<QsciLexerProperties>,
          {"*.properties", "*.ini", "*.cfg", "*.conf", "*.desktop", ".editorconfig", ".gitconfig"},
          {}},
         {QStringLiteral("Python"),
-         make<QsciLexerPython>,
          {"*.py", "*.pyw", "*.pyi", "SConstruct", "SConscript", "wscript"},
          {"python", "pypy"}},
-        {QStringLiteral("Ruby"),
-         make<QsciLexerRuby>,
-         {"*.rb", "*.rake", "*.gemspec", "Rakefile", "Gemfile"},
-         {"ruby"}},
-        {QStringLiteral("Spice"), make<QsciLexerSpice>, {"*.cir", "*.sp", "*.spice"}, {}},
-        {QStringLiteral("SQL"), make<QsciLexerSQL>, {"*.sql"}, {}},
-        {QStringLiteral("Tcl"), make<QsciLexerTCL>, {"*.tcl", "*.tk"}, {"tclsh", "wish", "expect"}},
-        {QStringLiteral("TeX"), make<QsciLexerTeX>, {"*.tex", "*.sty", "*.cls", "*.ltx"}, {}},
-        {QStringLiteral("Verilog"), make<QsciLexerVerilog>, {"*.v", "*.vh", "*.sv", "*.svh"}, {}},
-        {QStringLiteral("VHDL"), make<QsciLexerVHDL>, {"*.vhd", "*.vhdl"}, {}},
+        {QStringLiteral("Ruby"), {"*.rb", "*.rake", "*.gemspec", "Rakefile", "Gemfile"}, {"ruby"}},
+        {QStringLiteral("Spice"), {"*.cir", "*.sp", "*.spice"}, {}},
+        {QStringLiteral("SQL"), {"*.sql"}, {}},
+        {QStringLiteral("Tcl"), {"*.tcl", "*.tk"}, {"tclsh", "wish", "expect"}},
+        {QStringLiteral("TeX"), {"*.tex", "*.sty", "*.cls", "*.ltx"}, {}},
+        {QStringLiteral("Verilog"), {"*.v", "*.vh", "*.sv", "*.svh"}, {}},
+        {QStringLiteral("VHDL"), {"*.vhd", "*.vhdl"}, {}},
         {QStringLiteral("XML"),
-         make<QsciLexerXML>,
          {"*.xml", "*.xsd", "*.xsl", "*.xslt", "*.svg", "*.ui", "*.qrc", "*.plist", "*.xaml"},
          {}},
-        {QStringLiteral("YAML"), make<QsciLexerYAML>, {"*.yaml", "*.yml"}, {}},
+        {QStringLiteral("YAML"), {"*.yaml", "*.yml"}, {}},
     };
 }
 
@@ -258,15 +196,6 @@ QString Languages::detect(const QString &fileName, const QByteArray &firstLine)
         line.startsWith("<html"))
         return QStringLiteral("HTML");
     return {};
-}
-
-QsciLexer *Languages::createLexer(const QString &name, QObject *parent)
-{
-    const Table &t = table();
-    const auto it = t.byName.constFind(name);
-    if (it == t.byName.cend())
-        return nullptr;
-    return t.languages.at(*it).maker(parent);
 }
 
 QStringList Languages::patterns(const QString &name)

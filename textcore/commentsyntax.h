@@ -1,7 +1,5 @@
 #pragma once
 
-#include "sedguiexport.h"
-
 #include <QByteArray>
 
 namespace koru::sedgui {
@@ -9,7 +7,7 @@ namespace koru::sedgui {
 // How a language writes comments, looked up by the name its lexer reports
 // (QsciLexer::language(), e.g. "C++", "Python"). Languages with line comments
 // are toggled line by line; the others wrap the lines in a block comment.
-class SEDGUI_EXPORT CommentSyntax
+class CommentSyntax
 {
 public:
     static CommentSyntax forLanguage(const char *lexerLanguage);

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "sedguiexport.h"
 #include "textformat.h"
 
 #include <QByteArray>
@@ -27,7 +26,7 @@ struct DecodedText
 
 // Bytes in, bytes out. Opening a file and saving it with no edit gives back
 // the identical bytes, for every file it decodes. Pure functions, thread-safe.
-class SEDGUI_EXPORT TextFileCodec
+class TextFileCodec
 {
 public:
     // Detects in this order: BOM; strict UTF-8; a statistical detector. A

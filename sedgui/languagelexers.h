@@ -1,0 +1,21 @@
+#pragma once
+
+#include "sedguiexport.h"
+
+#include <QString>
+
+class QObject;
+class QsciLexer;
+
+namespace koru::sedgui {
+
+// The syntax lexer that colours each language of Languages::names().
+class SEDGUI_EXPORT LanguageLexers
+{
+public:
+    // A new lexer for a name of Languages::names(), owned by parent; null for
+    // an unknown or empty name.
+    static QsciLexer *create(const QString &language, QObject *parent);
+};
+
+} // namespace koru::sedgui
