@@ -1,9 +1,9 @@
 #include "documentprinter.h"
 #include "editoractions.h"
 #include "findbar.h"
+#include "promptrecorder.h"
 #include "sedgui.h"
 #include "textformat.h"
-#include "userprompt.h"
 
 #include <QAction>
 #include <QApplication>
@@ -12,13 +12,11 @@
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QMimeData>
-#include <QPainter>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QUrl>
 
-#include <Qsci/qscilexercpp.h>
 #include <Qsci/qsciscintilla.h>
 
 using namespace koru::sedgui;
@@ -27,12 +25,10 @@ using namespace koru::sedgui;
 class FakeWindow : public QWidget
 {
     Q_OBJECT
-
 public:
     QStringList opened;
-
 public Q_SLOTS:
-    void onOpenFile(const QString &path, int line) { opened << path + '@' + QString::number(line); }
+    void onOpenFile(const QString &path, int) { opened << path; }
 };
 
 namespace {
@@ -79,28 +75,6 @@ class TstEditorTool : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { UserPrompt::setAnswerer({}); }
-
-    // Each tool has its own actions; their checked state follows the editor.
-    void actionsArePerToolAndShowItsState()
-    {
-        SedGUI first;
-        SedGUI second;
-        QAction *wrap = findAction(&first, SedGUI::ViewMenu, "wordWrap");
-        QVERIFY(wrap && wrap != findAction(&second, SedGUI::ViewMenu, "wordWrap"));
-        wrap->trigger();
-        QCOMPARE(first.editor()->wrapMode(), QsciScintilla::WrapWord);
-        QCOMPARE(second.editor()->wrapMode(), QsciScintilla::WrapNone);
-        second.editor()->setWhitespaceVisibility(QsciScintilla::WsVisible);
-        QVERIFY(findAction(&second, SedGUI::ViewMenu, "showWhitespace")->isChecked());
-        QVERIFY(!findAction(&first, SedGUI::ViewMenu, "showWhitespace")->isChecked());
-        QAction *lineNumbers = findAction(&first, SedGUI::ViewMenu, "lineNumbers");
-        QVERIFY(lineNumbers->isChecked());
-        lineNumbers->trigger();
-        QCOMPARE(first.editor()->marginWidth(0), 0);
-        QVERIFY(second.editor()->marginWidth(0) > 0);
-    }
-
     void shortcutReachesTheFocusedToolOnly()
     {
         QWidget window;
@@ -167,6 +141,7 @@ private Q_SLOTS:
         QTEST(readFile(path), "saved");
     }
 
+    // Refused with a message; forced onto the document, the save asks: Cancel writes nothing.
     void unencodableCharacterMakesTheSaveAsk()
     {
         QTemporaryDir dir;
@@ -174,26 +149,17 @@ private Q_SLOTS:
         const QByteArray original("price: \xe2\x82\xac 5\n");
         const QString path = openWith(tool, dir, original);
         QVERIFY(!path.isEmpty());
-        int asked = 0;
-        UserPrompt::Button answer = UserPrompt::Cancel;
-        UserPrompt::setAnswerer([&](const UserPrompt::Question &question) {
-            ++asked;
-            return question.buttons.contains(answer) ? answer : question.buttons.value(0);
-        });
-
-        // Refused with a message; forced onto the document, the save asks and Cancel writes
-        // nothing.
+        PromptRecorder prompts;
         QVERIFY(!tool.findChild<EditorActions *>()->saveWithEncoding("ISO-8859-1"));
-        QCOMPARE(asked, 1);
+        QCOMPARE(prompts.asked.size(), 1);
         QCOMPARE(tool.textFormat().encoding, QByteArray("UTF-8"));
         TextFormat latin1 = tool.textFormat();
         latin1.encoding = "ISO-8859-1";
         tool.setTextFormat(latin1);
         QVERIFY(!tool.save());
-        QCOMPARE(asked, 2);
+        QCOMPARE(prompts.asked.size(), 2);
         QCOMPARE(readFile(path), original);
-
-        answer = UserPrompt::SaveAsUtf8;
+        prompts.answers = {UserPrompt::SaveAsUtf8};
         tool.editor()->append(QStringLiteral("more\n"));
         QVERIFY(tool.save());
         QCOMPARE(readFile(path), original + "more\n");
@@ -204,19 +170,17 @@ private Q_SLOTS:
         QTest::addColumn<bool>("files"); // else text
         QTest::addColumn<QStringList>("opened");
         QTest::addColumn<QString>("text");
-        QTest::newRow("local files open, remote ones are ignored")
-            << true << QStringList{"/tmp/a.txt@0", "/tmp/b c.txt@0"} << "keep";
+        QTest::newRow("local files open, remote ignored")
+            << true << QStringList{"/tmp/a.txt", "/tmp/b c.txt"} << "keep";
         QTest::newRow("text is inserted") << false << QStringList() << "droppedkeep";
     }
     void dropOpensFilesOrInsertsText()
     {
-        QFETCH(bool, files);
         FakeWindow window;
         auto *tool = new SedGUI(&window);
         tool->editor()->setText(QStringLiteral("keep"));
         tool->editor()->setCursorPosition(0, 0);
-        window.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QFETCH(bool, files);
         QMimeData data;
         if (files)
             data.setUrls({QUrl::fromLocalFile(QStringLiteral("/tmp/a.txt")),
@@ -224,12 +188,11 @@ private Q_SLOTS:
                           QUrl(QStringLiteral("https://example.org/remote.txt"))});
         else
             data.setText(QStringLiteral("dropped"));
-        QWidget *viewport = tool->editor()->viewport();
         QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(viewport, &enter);
+        QCoreApplication::sendEvent(tool->editor()->viewport(), &enter);
         QVERIFY(enter.isAccepted());
         QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(viewport, &drop);
+        QCoreApplication::sendEvent(tool->editor()->viewport(), &drop);
         QCoreApplication::processEvents();
         QTEST(window.opened, "opened");
         QTEST(tool->editor()->text(), "text");
@@ -289,14 +252,9 @@ private Q_SLOTS:
         printer.setOutputFileName(dir.filePath(QStringLiteral("out.pdf")));
         printer.setPageSize(QPageSize(QPageSize::A4));
         printer.setPageMargins(QMarginsF(20, 20, 20, 20), QPageLayout::Millimeter);
-        printer.setDocumentTitle(QStringLiteral("/tmp/example.cpp"));
         QsciScintilla editor;
-        QsciLexerCPP lexer;
         const QFont font(QStringLiteral("DejaVu Sans Mono"), 10);
-        lexer.setDefaultFont(font);
-        lexer.setFont(font);
-        editor.setLexer(&lexer);
-
+        editor.setFont(font);
         // Lines per page measured apart from the printer, with half a page of slack.
         const QRect pageRect = printer.pageLayout().paintRectPixels(printer.resolution());
         const int linesPerPage = pageRect.height() / QFontMetrics(font, &printer).lineSpacing();
@@ -306,7 +264,6 @@ private Q_SLOTS:
             lines << QStringLiteral("int value%1 = %1; // short").arg(i);
         editor.setText(lines.join(QLatin1Char('\n')));
         editor.setWhitespaceVisibility(QsciScintilla::WsVisible);
-
         const int expected = std::max(1, int(std::ceil(pages)));
         QCOMPARE(printer.printDocument(&editor), expected);
         QFile pdf(printer.outputFileName());
@@ -316,25 +273,6 @@ private Q_SLOTS:
         QCOMPARE(QString::fromLatin1(pdf.readAll()).count(page), expected);
         // Markers are left off the paper only.
         QCOMPARE(editor.whitespaceVisibility(), QsciScintilla::WsVisible);
-        editor.setLexer(nullptr);
-    }
-
-    void headerTakesRoomFromTheText()
-    {
-        DocumentPrinter printer(QPrinter::ScreenResolution);
-        printer.setDocumentTitle(QStringLiteral("name.txt"));
-        QImage image(400, 400, QImage::Format_RGB32);
-        image.fill(Qt::white);
-        QPainter painter(&image);
-        QRect area(10, 10, 380, 380);
-        printer.formatPage(painter, true, area, 3);
-        painter.end();
-        QVERIFY(area.top() > 20);
-        QCOMPARE(area.bottom(), 389);
-        // The title and page number are drawn above the text area.
-        QImage blank(380, area.top() - 10, image.format());
-        blank.fill(Qt::white);
-        QVERIFY(image.copy(10, 10, 380, area.top() - 10) != blank);
     }
 };
 
