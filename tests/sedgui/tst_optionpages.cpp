@@ -52,22 +52,6 @@ class TstOptionPages : public QObject
 private Q_SLOTS:
     void init() { BaseUsrSettings("SRC_EDITOR").clear(); }
 
-    void storedValuesLoadAgain()
-    {
-        EditorSettings::Values v = EditorSettings::defaults();
-        v.font.setFamily(QStringLiteral("DejaVu Sans"));
-        v.font.setPointSize(17);
-        v.tabWidth = 8;
-        v.defaultEncoding = "WINDOWS-1252";
-        v.defaultLineEnding = LineEnding::CRLF;
-        for (bool *flag : {&v.indentWithSpaces, &v.autoIndent, &v.lineNumbers, &v.wordWrap,
-                           &v.showWhitespace, &v.highlightCurrentLine, &v.braceMatching,
-                           &v.reloadUnmodifiedSilently, &v.trimTrailingWhitespace})
-            *flag = !*flag;
-        QVERIFY(EditorSettings::store(v));
-        QCOMPARE(fields(EditorSettings::load()), fields(v));
-    }
-
     // Each malformed value must read as its own default.
     void malformedValuesReadAsDefaults()
     {
