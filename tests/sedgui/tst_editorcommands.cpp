@@ -7,6 +7,8 @@
 #include <Qsci/qscilexer.h>
 #include <Qsci/qsciscintilla.h>
 
+#include <array>
+
 using namespace koru::sedgui;
 
 namespace {
@@ -36,21 +38,8 @@ class TstEditorCommands : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void goToLineClampsAndUnfolds_data()
-    {
-        QTest::addColumn<int>("line");
-        QTest::addColumn<int>("column");
-        QTest::addColumn<int>("expectedLine");
-        QTest::addColumn<int>("expectedIndex");
-        QTest::newRow("folded line with column") << 250 << 6 << 250 << 5;
-        QTest::newRow("line and column past the end") << 999999 << 400 << 500 << 1;
-    }
     void goToLineClampsAndUnfolds()
     {
-        QFETCH(int, line);
-        QFETCH(int, column);
-        QFETCH(int, expectedLine);
-        QFETCH(int, expectedIndex);
         // Lines 2 to 500 are folded away under the first: the caret line must be unfolded.
         QsciScintilla editor;
         editor.setLexer(Languages::createLexer(QStringLiteral("C++"), &editor));
@@ -62,17 +51,20 @@ private Q_SLOTS:
         send(editor, QsciScintillaBase::SCI_COLOURISE, 0, -1);
         send(editor, QsciScintillaBase::SCI_FOLDALL, QsciScintillaBase::SC_FOLDACTION_CONTRACT);
         QVERIFY(!send(editor, QsciScintillaBase::SCI_GETLINEVISIBLE, 2));
-
-        QCOMPARE(EditorCommands::goToLine(&editor, line, column), expectedLine);
-        int caretLine = -1;
-        int caretIndex = -1;
-        editor.getCursorPosition(&caretLine, &caretIndex);
-        QCOMPARE(caretLine + 1, expectedLine);
-        QCOMPARE(caretIndex, expectedIndex);
-        QVERIFY(send(editor, QsciScintillaBase::SCI_GETLINEVISIBLE, caretLine));
-        const long first = send(editor, QsciScintillaBase::SCI_GETFIRSTVISIBLELINE);
-        const long onScreen = send(editor, QsciScintillaBase::SCI_LINESONSCREEN);
-        QVERIFY(first <= caretLine && caretLine < first + onScreen); // scrolled into view
+        // A folded line with a column, then a line and a column both past the end.
+        for (const auto &[line, column, expectedLine, expectedIndex] :
+             {std::array{250, 6, 250, 5}, std::array{999999, 400, 500, 1}}) {
+            QCOMPARE(EditorCommands::goToLine(&editor, line, column), expectedLine);
+            int caretLine = -1;
+            int caretIndex = -1;
+            editor.getCursorPosition(&caretLine, &caretIndex);
+            QCOMPARE(caretLine + 1, expectedLine);
+            QCOMPARE(caretIndex, expectedIndex);
+            QVERIFY(send(editor, QsciScintillaBase::SCI_GETLINEVISIBLE, caretLine));
+            const long first = send(editor, QsciScintillaBase::SCI_GETFIRSTVISIBLELINE);
+            const long onScreen = send(editor, QsciScintillaBase::SCI_LINESONSCREEN);
+            QVERIFY(first <= caretLine && caretLine < first + onScreen); // scrolled into view
+        }
     }
 
     void parseGoToText_data()
