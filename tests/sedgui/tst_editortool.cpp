@@ -1,23 +1,37 @@
+#include "baseusrsettings.h"
 #include "documentprinter.h"
 #include "editoractions.h"
+#include "editorcommands.h"
+#include "editorsettings.h"
 #include "findbar.h"
+#include "gotodialog.h"
+#include "languages.h"
+#include "optionpages.h"
+#include "optwidget.h"
 #include "promptrecorder.h"
 #include "sedgui.h"
 #include "textformat.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
 #include <QFile>
 #include <QFontMetrics>
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QMimeData>
 #include <QRegularExpression>
+#include <QSpinBox>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QUrl>
 
+#include <Qsci/qscilexer.h>
 #include <Qsci/qsciscintilla.h>
+
+#include <array>
+#include <memory>
 
 using namespace koru::sedgui;
 
@@ -68,6 +82,50 @@ QString openWith(SedGUI &tool, const QTemporaryDir &dir, const QByteArray &bytes
     return written && tool.openFile(file.fileName(), nullptr) ? file.fileName() : QString();
 }
 
+long send(QsciScintilla &editor, unsigned int message, unsigned long wParam = 0, long lParam = 0)
+{
+    return editor.SendScintilla(message, wParam, lParam);
+}
+
+// Runs a command by name; a language name means Toggle Comment in that language.
+qint64 run(QsciScintilla &editor, const QString &command)
+{
+    if (command == QLatin1String("duplicate")) {
+        EditorCommands::duplicateLines(&editor);
+        return -1;
+    }
+    if (command == QLatin1String("trim"))
+        return EditorCommands::trimTrailingWhitespace(&editor);
+    editor.setLexer(Languages::createLexer(command, &editor));
+    return EditorCommands::toggleComment(&editor);
+}
+
+using Page = std::unique_ptr<OptWidget>;
+
+Page shownPage(const char *name)
+{
+    Page page(OptionPages::create(QLatin1String(name)));
+    page->refreshPage();
+    return page;
+}
+
+template<typename T = QCheckBox> T *control(const Page &page, const char *name)
+{
+    T *widget = page->findChild<T *>(QLatin1String(name));
+    if (!widget)
+        qFatal("no control %s", name);
+    return widget;
+}
+
+QVariantList fields(const EditorSettings::Values &v)
+{
+    return QVariantList() << v.font.family() << v.font.pointSize() << v.tabWidth
+                          << v.indentWithSpaces << v.autoIndent << v.lineNumbers << v.wordWrap
+                          << v.showWhitespace << v.highlightCurrentLine << v.braceMatching
+                          << v.defaultEncoding << int(v.defaultLineEnding)
+                          << v.reloadUnmodifiedSilently << v.trimTrailingWhitespace;
+}
+
 } // namespace
 
 class TstEditorTool : public QObject
@@ -75,6 +133,107 @@ class TstEditorTool : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void init() { BaseUsrSettings("SRC_EDITOR").clear(); }
+
+    // Each malformed value must read as its own default.
+    void malformedValuesReadAsDefaults()
+    {
+        const QVariantMap stored{{"Editor/TabWidth", 0},
+                                 {"Editor/FontSize", 500},
+                                 {"Editor/LineNumbers", "maybe"},
+                                 {"Editor/WordWrap", QStringList{"a", "b"}},
+                                 {"Files/DefaultEncoding", "NO-SUCH-CODE"},
+                                 {"Files/DefaultLineEnding", "LFCR"},
+                                 {"Files/TrimTrailingWhitespace", 7}};
+        BaseUsrSettings settings("SRC_EDITOR");
+        for (auto it = stored.cbegin(); it != stored.cend(); ++it)
+            settings.setValue(it.key(), it.value());
+        settings.sync();
+        QCOMPARE(fields(EditorSettings::load()), fields(EditorSettings::defaults()));
+    }
+
+    // Each page's Apply reaches every open tool and the store, and keeps the other page's values.
+    void applyChangesEveryOpenToolAndPersists()
+    {
+        SedGUI first;
+        SedGUI second;
+        first.editor()->setText(QStringLiteral("a  \nb\t\n"));
+        first.prepareForSave();
+        QCOMPARE(first.editor()->text(), QStringLiteral("a  \nb\t\n"));
+        {
+            Page page = shownPage("Files");
+            auto *encoding = control<QComboBox>(page, "defaultEncoding");
+            auto *lineEnding = control<QComboBox>(page, "defaultLineEnding");
+            encoding->setCurrentIndex(encoding->findData(QByteArray("ISO-8859-1")));
+            lineEnding->setCurrentIndex(lineEnding->findData(int(LineEnding::CR)));
+            control(page, "reloadUnmodifiedSilently")->setChecked(true);
+            control(page, "trimTrailingWhitespace")->setChecked(true);
+            page->applyPage();
+        }
+        {
+            Page page = shownPage("Editor");
+            control<QSpinBox>(page, "tabWidth")->setValue(7);
+            control<QSpinBox>(page, "fontSize")->setValue(19);
+            control(page, "wordWrap")->setChecked(true);
+            for (const char *name : {"lineNumbers", "indentWithSpaces", "highlightCurrentLine"})
+                control(page, name)->setChecked(false);
+            page->applyPage();
+        }
+        first.prepareForSave();
+        QCOMPARE(first.editor()->text(), QStringLiteral("a\nb\n"));
+        const EditorSettings::Values values = EditorSettings::load();
+        QCOMPARE(values.defaultEncoding, QByteArray("ISO-8859-1"));
+        QCOMPARE(values.defaultLineEnding, LineEnding::CR);
+        QVERIFY(values.reloadUnmodifiedSilently);
+
+        // A new tool and a new page (the next start) read only what is in the store.
+        SedGUI next;
+        for (SedGUI *tool : {&first, &second, &next}) {
+            QsciScintilla *editor = tool->editor();
+            QCOMPARE(editor->tabWidth(), 7);
+            QCOMPARE(editor->font().pointSize(), 19);
+            QCOMPARE(editor->wrapMode(), QsciScintilla::WrapWord);
+            QCOMPARE(editor->marginWidth(0), 0);
+            QVERIFY(editor->indentationsUseTabs());
+            QVERIFY(!editor->SendScintilla(QsciScintillaBase::SCI_GETCARETLINEVISIBLE));
+        }
+        Page page = shownPage("Editor");
+        QCOMPARE(control<QSpinBox>(page, "tabWidth")->value(), 7);
+        QVERIFY(!control(page, "highlightCurrentLine")->isChecked());
+    }
+
+    // Only applying a shown page writes: OK over pages never opened (their
+    // controls are blank), Cancel and Defaults leave the store and the tools alone.
+    void onlyApplyingAShownPageWrites()
+    {
+        EditorSettings::Values stored = EditorSettings::defaults();
+        stored.tabWidth = 2;
+        stored.showWhitespace = true;
+        stored.trimTrailingWhitespace = true;
+        QVERIFY(EditorSettings::store(stored));
+        for (const char *name : {"Editor", "Files"})
+            Page(OptionPages::create(QLatin1String(name)))->applyPage();
+
+        SedGUI tool;
+        Page page = shownPage("Editor");
+        auto *tabWidth = control<QSpinBox>(page, "tabWidth");
+        QCOMPARE(tabWidth->value(), 2);
+        tabWidth->setValue(5);
+        control(page, "lineNumbers")->setChecked(false);
+        page->refreshPage(); // Cancel, then the next opening
+        QCOMPARE(tabWidth->value(), 2);
+        QVERIFY(control(page, "lineNumbers")->isChecked());
+        page->restoreDefaults();
+        QCOMPARE(tabWidth->value(), EditorSettings::defaults().tabWidth);
+        QVERIFY(!control(page, "showWhitespace")->isChecked());
+
+        QCOMPARE(EditorSettings::load().tabWidth, 2);
+        QVERIFY(EditorSettings::load().trimTrailingWhitespace);
+        QCOMPARE(tool.editor()->tabWidth(), 2);
+        QCOMPARE(tool.editor()->whitespaceVisibility(), QsciScintilla::WsVisible);
+        QVERIFY(tool.editor()->marginWidth(0) > 0);
+    }
+
     void shortcutReachesTheFocusedToolOnly()
     {
         QWidget window;
@@ -260,6 +419,152 @@ private Q_SLOTS:
         QCOMPARE(QString::fromLatin1(pdf.readAll()).count(page), 3);
         // Markers are left off the paper only.
         QCOMPARE(editor.whitespaceVisibility(), QsciScintilla::WsVisible);
+    }
+
+    void goToLineClampsAndUnfolds()
+    {
+        // Lines 2 to 500 are folded away under the first: the caret line must be unfolded.
+        QsciScintilla editor;
+        editor.setLexer(Languages::createLexer(QStringLiteral("C++"), &editor));
+        editor.setFolding(QsciScintilla::BoxedTreeFoldStyle);
+        editor.setText("{\n" + QStringLiteral("line 0 text\n").repeated(498) + "}");
+        editor.resize(400, 300);
+        editor.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&editor));
+        send(editor, QsciScintillaBase::SCI_COLOURISE, 0, -1);
+        send(editor, QsciScintillaBase::SCI_FOLDALL, QsciScintillaBase::SC_FOLDACTION_CONTRACT);
+        QVERIFY(!send(editor, QsciScintillaBase::SCI_GETLINEVISIBLE, 2));
+        // A folded line with a column, then a line and a column both past the end.
+        for (const auto &[line, column, expectedLine, expectedIndex] :
+             {std::array{250, 6, 250, 5}, std::array{999999, 400, 500, 1}}) {
+            QCOMPARE(EditorCommands::goToLine(&editor, line, column), expectedLine);
+            int caretLine = -1;
+            int caretIndex = -1;
+            editor.getCursorPosition(&caretLine, &caretIndex);
+            QCOMPARE(caretLine + 1, expectedLine);
+            QCOMPARE(caretIndex, expectedIndex);
+            QVERIFY(send(editor, QsciScintillaBase::SCI_GETLINEVISIBLE, caretLine));
+            const long first = send(editor, QsciScintillaBase::SCI_GETFIRSTVISIBLELINE);
+            const long onScreen = send(editor, QsciScintillaBase::SCI_LINESONSCREEN);
+            QVERIFY(first <= caretLine && caretLine < first + onScreen); // scrolled into view
+        }
+    }
+
+    void parseGoToText_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("parsed"); // line:column, empty when refused
+        const auto row = [](const char *text, const char *parsed) {
+            QTest::newRow(text) << QString(text) << QString(parsed);
+        };
+        row("42", "42:1");
+        row("42:7", "42:7");
+        row(" 42 , 7 ", "42:7");
+        for (const char *invalid : {"ten", "-3", "5:"})
+            row(invalid, "");
+    }
+    void parseGoToText()
+    {
+        QFETCH(QString, text);
+        qint64 line = 0;
+        qint64 column = 0;
+        const bool ok = GoToDialog::parse(text, &line, &column);
+        QTEST(ok ? QStringLiteral("%1:%2").arg(line).arg(column) : QString(), "parsed");
+    }
+
+    void commandIsOneUndoStep_data()
+    {
+        QTest::addColumn<QString>("command");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("from"); // the selection
+        QTest::addColumn<int>("to");
+        QTest::addColumn<qint64>("returned");
+        QTest::addColumn<QString>("result");
+        const auto row = [](const char *tag, const char *command, const char *text, int from,
+                            int to, qint64 returned, const char *result) {
+            QTest::newRow(tag) << QString(command) << QString(text) << from << to << returned
+                               << QString(result);
+        };
+        row("c++ comment", "C++", "int a;\nint b;", 0, 0, 1, "// int a;\nint b;");
+        row("c++ uncomment", "C++", "// int a;\nint b;", 0, 0, 1, "int a;\nint b;");
+        row("c++ keeps indentation", "C++", "    a();\n        b();\n", 0, 22, 1,
+            "    // a();\n    //     b();\n");
+        row("c++ mixed lines comment all", "C++", "// a\nb\n", 0, 6, 1, "// // a\n// b\n");
+        row("c++ blank lines stay", "C++", "a\n\nb", 0, 4, 1, "// a\n\n// b");
+        row("selection ending at a line start", "C++", "a\nb\n", 0, 2, 1, "// a\nb\n");
+        row("python uncomment without space", "Python", "#x = 1", 0, 0, 1, "x = 1");
+        row("html block", "HTML", "<p>a</p>\n<p>b</p>", 0, 17, 1, "<!-- <p>a</p>\n<p>b</p> -->");
+        row("html unblock", "HTML", "<!-- <p>a</p> -->", 0, 0, 1, "<p>a</p>");
+        row("plain text has no comments", "", "text", 0, 0, 0, "text");
+        row("duplicate last line", "duplicate", "a\nb", 2, 2, -1, "a\nb\nb");
+        row("duplicate selected lines", "duplicate", "a\nb\nc", 0, 3, -1, "a\nb\na\nb\nc");
+        row("trim", "trim", "a \t\r\n  b\r\nc  ", 0, 0, 2, "a\r\n  b\r\nc");
+        row("trim trimmed text", "trim", "a\r\n  b", 0, 0, 0, "a\r\n  b");
+    }
+    void commandIsOneUndoStep()
+    {
+        QFETCH(QString, command);
+        QFETCH(QString, text);
+        QFETCH(int, from);
+        QFETCH(int, to);
+        QFETCH(qint64, returned);
+        QFETCH(QString, result);
+        QsciScintilla editor;
+        editor.setText(text);
+        send(editor, QsciScintillaBase::SCI_EMPTYUNDOBUFFER);
+        send(editor, QsciScintillaBase::SCI_SETSEL, from, to);
+        QCOMPARE(run(editor, command), returned);
+        QCOMPARE(editor.text(), result);
+        editor.undo();
+        QCOMPARE(editor.text(), text);
+        QVERIFY(!editor.isUndoAvailable());
+    }
+
+    void detect_data()
+    {
+        QTest::addColumn<QString>("fileName");
+        QTest::addColumn<QByteArray>("firstLine");
+        QTest::addColumn<QString>("language");
+        const auto row = [](const char *tag, const char *name, const char *line, const char *lang) {
+            QTest::newRow(tag) << QString(name) << QByteArray(line) << QString(lang);
+        };
+        row("upper-case C is c++", "old.C", "", "C++");
+        row("suffix ignores case, folder dropped", "/x/SCRIPT.PY", "", "Python");
+        row("name wins over first line", "a.rb", "#!/bin/sh", "Ruby");
+        row("shebang path", "run", "#!/bin/bash", "Bash");
+        row("shebang env -S, versioned", "tool", "#! /usr/bin/env -S python3.11 -u", "Python");
+        row("shebang unknown", "tool", "#!/usr/bin/awk -f", "");
+        row("xml declaration", "data", "<?xml version=\"1.0\"?>", "XML");
+        row("html doctype", "page", "<!DOCTYPE html>", "HTML");
+        row("plain text", "notes.txt", "hello", "");
+    }
+    void detect()
+    {
+        QFETCH(QString, fileName);
+        QFETCH(QByteArray, firstLine);
+        QFETCH(QString, language);
+        QCOMPARE(Languages::detect(fileName, firstLine), language);
+    }
+
+    // Each language has a lexer and its patterns in the Open filter, each detecting it again.
+    void everyLanguageHasALexerAndIsOffered()
+    {
+        QObject owner;
+        const QStringList filter = Languages::fileFilter().split(QStringLiteral(";;"));
+        QCOMPARE(filter.first(), QStringLiteral("All Files (*)"));
+        QVERIFY(Languages::names().size() >= 35);
+        for (const QString &name : Languages::names()) {
+            const QsciLexer *lexer = Languages::createLexer(name, &owner);
+            QVERIFY2(lexer && lexer->parent() == &owner, qPrintable(name));
+            const QStringList patterns = Languages::patterns(name);
+            const QString entry = name + " (" + patterns.join(QLatin1Char(' ')) + ')';
+            QVERIFY2(patterns.isEmpty() || filter.contains(entry), qPrintable(entry));
+            for (const QString &pattern : patterns)
+                QVERIFY2(Languages::detect(QString(pattern).replace('*', 'x'), {}) == name,
+                         qPrintable(name + QLatin1Char(' ') + pattern));
+        }
+        QVERIFY(!Languages::createLexer(QString(), &owner));
+        QVERIFY(!Languages::createLexer(QStringLiteral("Klingon"), &owner));
     }
 };
 
