@@ -12,7 +12,6 @@
 #include "sedgui.h"
 #include "textformat.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -186,7 +185,7 @@ private Q_SLOTS:
         QCOMPARE(values.defaultLineEnding, LineEnding::CR);
         QVERIFY(values.reloadUnmodifiedSilently);
 
-        // A new tool and a new page (the next start) read only what is in the store.
+        // A new tool (the next start) reads only what is in the store.
         SedGUI next;
         for (SedGUI *tool : {&first, &second, &next}) {
             QsciScintilla *editor = tool->editor();
@@ -197,9 +196,6 @@ private Q_SLOTS:
             QVERIFY(editor->indentationsUseTabs());
             QVERIFY(!editor->SendScintilla(QsciScintillaBase::SCI_GETCARETLINEVISIBLE));
         }
-        Page page = shownPage("Editor");
-        QCOMPARE(control<QSpinBox>(page, "tabWidth")->value(), 7);
-        QVERIFY(!control(page, "highlightCurrentLine")->isChecked());
     }
 
     // Only applying a shown page writes: OK over pages never opened (their
