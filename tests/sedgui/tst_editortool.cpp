@@ -1,25 +1,37 @@
+#include "baseusrsettings.h"
 #include "documentprinter.h"
 #include "editoractions.h"
+#include "editorcommands.h"
+#include "editorsettings.h"
 #include "findbar.h"
+#include "gotodialog.h"
+#include "languagelexers.h"
+#include "languages.h"
+#include "optionpages.h"
+#include "optwidget.h"
+#include "promptrecorder.h"
 #include "sedgui.h"
 #include "textformat.h"
-#include "userprompt.h"
 
-#include <QAction>
 #include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
 #include <QFile>
 #include <QFontMetrics>
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QMimeData>
-#include <QPainter>
 #include <QRegularExpression>
+#include <QSpinBox>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QUrl>
 
-#include <Qsci/qscilexercpp.h>
+#include <Qsci/qscilexer.h>
 #include <Qsci/qsciscintilla.h>
+
+#include <array>
+#include <memory>
 
 using namespace koru::sedgui;
 
@@ -27,12 +39,10 @@ using namespace koru::sedgui;
 class FakeWindow : public QWidget
 {
     Q_OBJECT
-
 public:
     QStringList opened;
-
 public Q_SLOTS:
-    void onOpenFile(const QString &path, int line) { opened << path + '@' + QString::number(line); }
+    void onOpenFile(const QString &path, int) { opened << path; }
 };
 
 namespace {
@@ -72,6 +82,50 @@ QString openWith(SedGUI &tool, const QTemporaryDir &dir, const QByteArray &bytes
     return written && tool.openFile(file.fileName(), nullptr) ? file.fileName() : QString();
 }
 
+long send(QsciScintilla &editor, unsigned int message, unsigned long wParam = 0, long lParam = 0)
+{
+    return editor.SendScintilla(message, wParam, lParam);
+}
+
+// Runs a command by name; a language name means Toggle Comment in that language.
+qint64 run(QsciScintilla &editor, const QString &command)
+{
+    if (command == QLatin1String("duplicate")) {
+        EditorCommands::duplicateLines(&editor);
+        return -1;
+    }
+    if (command == QLatin1String("trim"))
+        return EditorCommands::trimTrailingWhitespace(&editor);
+    editor.setLexer(LanguageLexers::create(command, &editor));
+    return EditorCommands::toggleComment(&editor);
+}
+
+using Page = std::unique_ptr<OptWidget>;
+
+Page shownPage(const char *name)
+{
+    Page page(OptionPages::create(QLatin1String(name)));
+    page->refreshPage();
+    return page;
+}
+
+template<typename T = QCheckBox> T *control(const Page &page, const char *name)
+{
+    T *widget = page->findChild<T *>(QLatin1String(name));
+    if (!widget)
+        qFatal("no control %s", name);
+    return widget;
+}
+
+QVariantList fields(const EditorSettings::Values &v)
+{
+    return QVariantList() << v.font.family() << v.font.pointSize() << v.tabWidth
+                          << v.indentWithSpaces << v.autoIndent << v.lineNumbers << v.wordWrap
+                          << v.showWhitespace << v.highlightCurrentLine << v.braceMatching
+                          << v.defaultEncoding << int(v.defaultLineEnding)
+                          << v.reloadUnmodifiedSilently << v.trimTrailingWhitespace;
+}
+
 } // namespace
 
 class TstEditorTool : public QObject
@@ -79,26 +133,102 @@ class TstEditorTool : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { UserPrompt::setAnswerer({}); }
+    void init() { BaseUsrSettings("SRC_EDITOR").clear(); }
 
-    // Each tool has its own actions; their checked state follows the editor.
-    void actionsArePerToolAndShowItsState()
+    // Each malformed value must read as its own default.
+    void malformedValuesReadAsDefaults()
+    {
+        const QVariantMap stored{{"Editor/TabWidth", 0},
+                                 {"Editor/FontSize", 500},
+                                 {"Editor/LineNumbers", "maybe"},
+                                 {"Editor/WordWrap", QStringList{"a", "b"}},
+                                 {"Files/DefaultEncoding", "NO-SUCH-CODE"},
+                                 {"Files/DefaultLineEnding", "LFCR"},
+                                 {"Files/TrimTrailingWhitespace", 7}};
+        BaseUsrSettings settings("SRC_EDITOR");
+        for (auto it = stored.cbegin(); it != stored.cend(); ++it)
+            settings.setValue(it.key(), it.value());
+        settings.sync();
+        QCOMPARE(fields(EditorSettings::load()), fields(EditorSettings::defaults()));
+    }
+
+    // Each page's Apply reaches every open tool and the store, and keeps the other page's values.
+    void applyChangesEveryOpenToolAndPersists()
     {
         SedGUI first;
         SedGUI second;
-        QAction *wrap = findAction(&first, SedGUI::ViewMenu, "wordWrap");
-        QVERIFY(wrap && wrap != findAction(&second, SedGUI::ViewMenu, "wordWrap"));
-        wrap->trigger();
-        QCOMPARE(first.editor()->wrapMode(), QsciScintilla::WrapWord);
-        QCOMPARE(second.editor()->wrapMode(), QsciScintilla::WrapNone);
-        second.editor()->setWhitespaceVisibility(QsciScintilla::WsVisible);
-        QVERIFY(findAction(&second, SedGUI::ViewMenu, "showWhitespace")->isChecked());
-        QVERIFY(!findAction(&first, SedGUI::ViewMenu, "showWhitespace")->isChecked());
-        QAction *lineNumbers = findAction(&first, SedGUI::ViewMenu, "lineNumbers");
-        QVERIFY(lineNumbers->isChecked());
-        lineNumbers->trigger();
-        QCOMPARE(first.editor()->marginWidth(0), 0);
-        QVERIFY(second.editor()->marginWidth(0) > 0);
+        first.editor()->setText(QStringLiteral("a  \nb\t\n"));
+        first.prepareForSave();
+        QCOMPARE(first.editor()->text(), QStringLiteral("a  \nb\t\n"));
+        {
+            Page page = shownPage("Files");
+            auto *encoding = control<QComboBox>(page, "defaultEncoding");
+            auto *lineEnding = control<QComboBox>(page, "defaultLineEnding");
+            encoding->setCurrentIndex(encoding->findData(QByteArray("ISO-8859-1")));
+            lineEnding->setCurrentIndex(lineEnding->findData(int(LineEnding::CR)));
+            control(page, "reloadUnmodifiedSilently")->setChecked(true);
+            control(page, "trimTrailingWhitespace")->setChecked(true);
+            page->applyPage();
+        }
+        {
+            Page page = shownPage("Editor");
+            control<QSpinBox>(page, "tabWidth")->setValue(7);
+            control<QSpinBox>(page, "fontSize")->setValue(19);
+            control(page, "wordWrap")->setChecked(true);
+            for (const char *name : {"lineNumbers", "indentWithSpaces", "highlightCurrentLine"})
+                control(page, name)->setChecked(false);
+            page->applyPage();
+        }
+        first.prepareForSave();
+        QCOMPARE(first.editor()->text(), QStringLiteral("a\nb\n"));
+        const EditorSettings::Values values = EditorSettings::load();
+        QCOMPARE(values.defaultEncoding, QByteArray("ISO-8859-1"));
+        QCOMPARE(values.defaultLineEnding, LineEnding::CR);
+        QVERIFY(values.reloadUnmodifiedSilently);
+
+        // A new tool (the next start) reads only what is in the store.
+        SedGUI next;
+        for (SedGUI *tool : {&first, &second, &next}) {
+            QsciScintilla *editor = tool->editor();
+            QCOMPARE(editor->tabWidth(), 7);
+            QCOMPARE(editor->font().pointSize(), 19);
+            QCOMPARE(editor->wrapMode(), QsciScintilla::WrapWord);
+            QCOMPARE(editor->marginWidth(0), 0);
+            QVERIFY(editor->indentationsUseTabs());
+            QVERIFY(!editor->SendScintilla(QsciScintillaBase::SCI_GETCARETLINEVISIBLE));
+        }
+    }
+
+    // Only applying a shown page writes: OK over pages never opened (their
+    // controls are blank), Cancel and Defaults leave the store and the tools alone.
+    void onlyApplyingAShownPageWrites()
+    {
+        EditorSettings::Values stored = EditorSettings::defaults();
+        stored.tabWidth = 2;
+        stored.showWhitespace = true;
+        stored.trimTrailingWhitespace = true;
+        QVERIFY(EditorSettings::store(stored));
+        for (const char *name : {"Editor", "Files"})
+            Page(OptionPages::create(QLatin1String(name)))->applyPage();
+
+        SedGUI tool;
+        Page page = shownPage("Editor");
+        auto *tabWidth = control<QSpinBox>(page, "tabWidth");
+        QCOMPARE(tabWidth->value(), 2);
+        tabWidth->setValue(5);
+        control(page, "lineNumbers")->setChecked(false);
+        page->refreshPage(); // Cancel, then the next opening
+        QCOMPARE(tabWidth->value(), 2);
+        QVERIFY(control(page, "lineNumbers")->isChecked());
+        page->restoreDefaults();
+        QCOMPARE(tabWidth->value(), EditorSettings::defaults().tabWidth);
+        QVERIFY(!control(page, "showWhitespace")->isChecked());
+
+        QCOMPARE(EditorSettings::load().tabWidth, 2);
+        QVERIFY(EditorSettings::load().trimTrailingWhitespace);
+        QCOMPARE(tool.editor()->tabWidth(), 2);
+        QCOMPARE(tool.editor()->whitespaceVisibility(), QsciScintilla::WsVisible);
+        QVERIFY(tool.editor()->marginWidth(0) > 0);
     }
 
     void shortcutReachesTheFocusedToolOnly()
@@ -125,48 +255,44 @@ private Q_SLOTS:
     void saveWritesTheChosenFormat_data()
     {
         QTest::addColumn<QByteArray>("original");
-        QTest::addColumn<QString>("lineEnding");  // action name, or empty
-        QTest::addColumn<QByteArray>("encoding"); // save with, or empty
+        QTest::addColumn<QString>("lineEnding"); // action name
+        QTest::addColumn<QString>("encoding");   // save with
         QTest::addColumn<QByteArray>("saved");
-        const auto row = [](const char *name, QByteArray original, const char *lineEnding,
-                            const char *encoding, QByteArray saved) {
-            QTest::newRow(name) << original << QString(lineEnding) << QByteArray(encoding) << saved;
-        };
-        row("mixed to CR", "a\r\nb\nc", "lineEndingCR", "", "a\rb\rc");
-        row("CRLF to LF and UTF-16LE", "a\r\n", "lineEndingLF", "UTF-16LE",
-            QByteArray::fromHex("fffe61000a00"));
-        row("UTF-8 to Windows-1252 and CRLF", "\xe2\x82\xac 1\n", "lineEndingCRLF", "WINDOWS-1252",
-            "\x80 1\r\n");
+        QTest::newRow("mixed to CR") << QByteArray("a\r\nb\nc") << "lineEndingCR"
+                                     << "UTF-8" << QByteArray("a\rb\rc");
+        QTest::newRow("CRLF to LF and UTF-16LE")
+            << QByteArray("a\r\n") << "lineEndingLF"
+            << "UTF-16LE" << QByteArray::fromHex("fffe61000a00");
+        QTest::newRow("UTF-8 to Windows-1252 and CRLF")
+            << QByteArray("\xe2\x82\xac 1\n") << "lineEndingCRLF"
+            << "WINDOWS-1252" << QByteArray("\x80 1\r\n");
     }
     void saveWritesTheChosenFormat()
     {
         QFETCH(QByteArray, original);
         QFETCH(QString, lineEnding);
-        QFETCH(QByteArray, encoding);
+        QFETCH(QString, encoding);
         QTemporaryDir dir;
         SedGUI tool;
         const QString path = openWith(tool, dir, original);
         QVERIFY(!path.isEmpty());
-        if (!lineEnding.isEmpty()) {
-            QMenu *endings = findAction(&tool, SedGUI::ViewMenu, "lineEndings")->menu();
-            QAction *choice = menuEntry(endings, {}, lineEnding);
-            QVERIFY(choice);
-            choice->trigger();
-        }
-        if (!encoding.isEmpty()) {
-            QMenu *encodings = findAction(&tool, SedGUI::ViewMenu, "encoding")->menu();
-            Q_EMIT encodings->aboutToShow();
-            auto *saveWith = encodings->findChild<QMenu *>(QStringLiteral("saveWithEncodingMenu"));
-            QVERIFY(saveWith);
-            QAction *choice = menuEntry(saveWith, encoding);
-            QVERIFY(choice);
-            choice->trigger();
-            QVERIFY(menuEntry(saveWith, encoding)->isChecked());
-        }
+        QMenu *endings = findAction(&tool, SedGUI::ViewMenu, "lineEndings")->menu();
+        QAction *ending = menuEntry(endings, {}, lineEnding);
+        QVERIFY(ending);
+        ending->trigger();
+        QMenu *encodings = findAction(&tool, SedGUI::ViewMenu, "encoding")->menu();
+        Q_EMIT encodings->aboutToShow();
+        auto *saveWith = encodings->findChild<QMenu *>(QStringLiteral("saveWithEncodingMenu"));
+        QVERIFY(saveWith);
+        QAction *choice = menuEntry(saveWith, encoding.toLatin1());
+        QVERIFY(choice);
+        choice->trigger();
+        QVERIFY(menuEntry(saveWith, encoding.toLatin1())->isChecked());
         QVERIFY(tool.save());
         QTEST(readFile(path), "saved");
     }
 
+    // Refused with a message; forced onto the document, the save asks: Cancel writes nothing.
     void unencodableCharacterMakesTheSaveAsk()
     {
         QTemporaryDir dir;
@@ -174,26 +300,17 @@ private Q_SLOTS:
         const QByteArray original("price: \xe2\x82\xac 5\n");
         const QString path = openWith(tool, dir, original);
         QVERIFY(!path.isEmpty());
-        int asked = 0;
-        UserPrompt::Button answer = UserPrompt::Cancel;
-        UserPrompt::setAnswerer([&](const UserPrompt::Question &question) {
-            ++asked;
-            return question.buttons.contains(answer) ? answer : question.buttons.value(0);
-        });
-
-        // Refused with a message; forced onto the document, the save asks and Cancel writes
-        // nothing.
+        PromptRecorder prompts;
         QVERIFY(!tool.findChild<EditorActions *>()->saveWithEncoding("ISO-8859-1"));
-        QCOMPARE(asked, 1);
+        QCOMPARE(prompts.asked.size(), 1);
         QCOMPARE(tool.textFormat().encoding, QByteArray("UTF-8"));
         TextFormat latin1 = tool.textFormat();
         latin1.encoding = "ISO-8859-1";
         tool.setTextFormat(latin1);
         QVERIFY(!tool.save());
-        QCOMPARE(asked, 2);
+        QCOMPARE(prompts.asked.size(), 2);
         QCOMPARE(readFile(path), original);
-
-        answer = UserPrompt::SaveAsUtf8;
+        prompts.answers = {UserPrompt::SaveAsUtf8};
         tool.editor()->append(QStringLiteral("more\n"));
         QVERIFY(tool.save());
         QCOMPARE(readFile(path), original + "more\n");
@@ -204,19 +321,17 @@ private Q_SLOTS:
         QTest::addColumn<bool>("files"); // else text
         QTest::addColumn<QStringList>("opened");
         QTest::addColumn<QString>("text");
-        QTest::newRow("local files open, remote ones are ignored")
-            << true << QStringList{"/tmp/a.txt@0", "/tmp/b c.txt@0"} << "keep";
+        QTest::newRow("local files open, remote ignored")
+            << true << QStringList{"/tmp/a.txt", "/tmp/b c.txt"} << "keep";
         QTest::newRow("text is inserted") << false << QStringList() << "droppedkeep";
     }
     void dropOpensFilesOrInsertsText()
     {
-        QFETCH(bool, files);
         FakeWindow window;
         auto *tool = new SedGUI(&window);
         tool->editor()->setText(QStringLiteral("keep"));
         tool->editor()->setCursorPosition(0, 0);
-        window.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QFETCH(bool, files);
         QMimeData data;
         if (files)
             data.setUrls({QUrl::fromLocalFile(QStringLiteral("/tmp/a.txt")),
@@ -224,12 +339,11 @@ private Q_SLOTS:
                           QUrl(QStringLiteral("https://example.org/remote.txt"))});
         else
             data.setText(QStringLiteral("dropped"));
-        QWidget *viewport = tool->editor()->viewport();
         QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(viewport, &enter);
+        QCoreApplication::sendEvent(tool->editor()->viewport(), &enter);
         QVERIFY(enter.isAccepted());
         QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(viewport, &drop);
+        QCoreApplication::sendEvent(tool->editor()->viewport(), &drop);
         QCoreApplication::processEvents();
         QTEST(window.opened, "opened");
         QTEST(tool->editor()->text(), "text");
@@ -274,67 +388,154 @@ private Q_SLOTS:
         QCOMPARE(tool.editor()->text(), QStringLiteral("# x = 1"));
     }
 
-    void pdfHasTheExpectedPageCount_data()
-    {
-        QTest::addColumn<double>("pages"); // how many pages' worth of lines to print
-        QTest::newRow("one line") << 0.0;
-        QTest::newRow("two and a half pages") << 2.5;
-    }
+    // Two and a half pages' worth of lines, measured apart from the printer.
     void pdfHasTheExpectedPageCount()
     {
-        QFETCH(double, pages);
         QTemporaryDir dir;
         DocumentPrinter printer;
         printer.setOutputFormat(QPrinter::PdfFormat);
         printer.setOutputFileName(dir.filePath(QStringLiteral("out.pdf")));
         printer.setPageSize(QPageSize(QPageSize::A4));
         printer.setPageMargins(QMarginsF(20, 20, 20, 20), QPageLayout::Millimeter);
-        printer.setDocumentTitle(QStringLiteral("/tmp/example.cpp"));
         QsciScintilla editor;
-        QsciLexerCPP lexer;
         const QFont font(QStringLiteral("DejaVu Sans Mono"), 10);
-        lexer.setDefaultFont(font);
-        lexer.setFont(font);
-        editor.setLexer(&lexer);
-
-        // Lines per page measured apart from the printer, with half a page of slack.
+        editor.setFont(font);
         const QRect pageRect = printer.pageLayout().paintRectPixels(printer.resolution());
         const int linesPerPage = pageRect.height() / QFontMetrics(font, &printer).lineSpacing();
         QVERIFY(linesPerPage > 20);
         QStringList lines;
-        for (int i = 0; i < std::max(1, int(linesPerPage * pages)); ++i)
+        for (int i = 0; i < linesPerPage * 5 / 2; ++i)
             lines << QStringLiteral("int value%1 = %1; // short").arg(i);
         editor.setText(lines.join(QLatin1Char('\n')));
         editor.setWhitespaceVisibility(QsciScintilla::WsVisible);
-
-        const int expected = std::max(1, int(std::ceil(pages)));
-        QCOMPARE(printer.printDocument(&editor), expected);
+        QCOMPARE(printer.printDocument(&editor), 3);
         QFile pdf(printer.outputFileName());
         QVERIFY(pdf.open(QIODevice::ReadOnly));
         // Page objects, not the page tree ("/Type /Pages").
         static const QRegularExpression page(QStringLiteral("/Type\\s*/Page(?![a-zA-Z])"));
-        QCOMPARE(QString::fromLatin1(pdf.readAll()).count(page), expected);
+        QCOMPARE(QString::fromLatin1(pdf.readAll()).count(page), 3);
         // Markers are left off the paper only.
         QCOMPARE(editor.whitespaceVisibility(), QsciScintilla::WsVisible);
-        editor.setLexer(nullptr);
     }
 
-    void headerTakesRoomFromTheText()
+    void goToLineClampsAndUnfolds()
     {
-        DocumentPrinter printer(QPrinter::ScreenResolution);
-        printer.setDocumentTitle(QStringLiteral("name.txt"));
-        QImage image(400, 400, QImage::Format_RGB32);
-        image.fill(Qt::white);
-        QPainter painter(&image);
-        QRect area(10, 10, 380, 380);
-        printer.formatPage(painter, true, area, 3);
-        painter.end();
-        QVERIFY(area.top() > 20);
-        QCOMPARE(area.bottom(), 389);
-        // The title and page number are drawn above the text area.
-        QImage blank(380, area.top() - 10, image.format());
-        blank.fill(Qt::white);
-        QVERIFY(image.copy(10, 10, 380, area.top() - 10) != blank);
+        // Lines 2 to 500 are folded away under the first: the caret line must be unfolded.
+        QsciScintilla editor;
+        editor.setLexer(LanguageLexers::create(QStringLiteral("C++"), &editor));
+        editor.setFolding(QsciScintilla::BoxedTreeFoldStyle);
+        editor.setText("{\n" + QStringLiteral("line 0 text\n").repeated(498) + "}");
+        editor.resize(400, 300);
+        editor.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&editor));
+        send(editor, QsciScintillaBase::SCI_COLOURISE, 0, -1);
+        send(editor, QsciScintillaBase::SCI_FOLDALL, QsciScintillaBase::SC_FOLDACTION_CONTRACT);
+        QVERIFY(!send(editor, QsciScintillaBase::SCI_GETLINEVISIBLE, 2));
+        // A folded line with a column, then a line and a column both past the end.
+        for (const auto &[line, column, expectedLine, expectedIndex] :
+             {std::array{250, 6, 250, 5}, std::array{999999, 400, 500, 1}}) {
+            QCOMPARE(EditorCommands::goToLine(&editor, line, column), expectedLine);
+            int caretLine = -1;
+            int caretIndex = -1;
+            editor.getCursorPosition(&caretLine, &caretIndex);
+            QCOMPARE(caretLine + 1, expectedLine);
+            QCOMPARE(caretIndex, expectedIndex);
+            QVERIFY(send(editor, QsciScintillaBase::SCI_GETLINEVISIBLE, caretLine));
+            const long first = send(editor, QsciScintillaBase::SCI_GETFIRSTVISIBLELINE);
+            const long onScreen = send(editor, QsciScintillaBase::SCI_LINESONSCREEN);
+            QVERIFY(first <= caretLine && caretLine < first + onScreen); // scrolled into view
+        }
+    }
+
+    void parseGoToText_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("parsed"); // line:column, empty when refused
+        const auto row = [](const char *text, const char *parsed) {
+            QTest::newRow(text) << QString(text) << QString(parsed);
+        };
+        row("42", "42:1");
+        row("42:7", "42:7");
+        row(" 42 , 7 ", "42:7");
+        for (const char *invalid : {"ten", "-3", "5:"})
+            row(invalid, "");
+    }
+    void parseGoToText()
+    {
+        QFETCH(QString, text);
+        qint64 line = 0;
+        qint64 column = 0;
+        const bool ok = GoToDialog::parse(text, &line, &column);
+        QTEST(ok ? QStringLiteral("%1:%2").arg(line).arg(column) : QString(), "parsed");
+    }
+
+    void commandIsOneUndoStep_data()
+    {
+        QTest::addColumn<QString>("command");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("from"); // the selection
+        QTest::addColumn<int>("to");
+        QTest::addColumn<qint64>("returned");
+        QTest::addColumn<QString>("result");
+        const auto row = [](const char *tag, const char *command, const char *text, int from,
+                            int to, qint64 returned, const char *result) {
+            QTest::newRow(tag) << QString(command) << QString(text) << from << to << returned
+                               << QString(result);
+        };
+        row("c++ comment", "C++", "int a;\nint b;", 0, 0, 1, "// int a;\nint b;");
+        row("c++ uncomment", "C++", "// int a;\nint b;", 0, 0, 1, "int a;\nint b;");
+        row("c++ keeps indentation", "C++", "    a();\n        b();\n", 0, 22, 1,
+            "    // a();\n    //     b();\n");
+        row("c++ mixed lines comment all", "C++", "// a\nb\n", 0, 6, 1, "// // a\n// b\n");
+        row("c++ blank lines stay", "C++", "a\n\nb", 0, 4, 1, "// a\n\n// b");
+        row("selection ending at a line start", "C++", "a\nb\n", 0, 2, 1, "// a\nb\n");
+        row("python uncomment without space", "Python", "#x = 1", 0, 0, 1, "x = 1");
+        row("html block", "HTML", "<p>a</p>\n<p>b</p>", 0, 17, 1, "<!-- <p>a</p>\n<p>b</p> -->");
+        row("html unblock", "HTML", "<!-- <p>a</p> -->", 0, 0, 1, "<p>a</p>");
+        row("plain text has no comments", "", "text", 0, 0, 0, "text");
+        row("duplicate last line", "duplicate", "a\nb", 2, 2, -1, "a\nb\nb");
+        row("duplicate selected lines", "duplicate", "a\nb\nc", 0, 3, -1, "a\nb\na\nb\nc");
+        row("trim", "trim", "a \t\r\n  b\r\nc  ", 0, 0, 2, "a\r\n  b\r\nc");
+        row("trim trimmed text", "trim", "a\r\n  b", 0, 0, 0, "a\r\n  b");
+    }
+    void commandIsOneUndoStep()
+    {
+        QFETCH(QString, command);
+        QFETCH(QString, text);
+        QFETCH(int, from);
+        QFETCH(int, to);
+        QFETCH(qint64, returned);
+        QFETCH(QString, result);
+        QsciScintilla editor;
+        editor.setText(text);
+        send(editor, QsciScintillaBase::SCI_EMPTYUNDOBUFFER);
+        send(editor, QsciScintillaBase::SCI_SETSEL, from, to);
+        QCOMPARE(run(editor, command), returned);
+        QCOMPARE(editor.text(), result);
+        editor.undo();
+        QCOMPARE(editor.text(), text);
+        QVERIFY(!editor.isUndoAvailable());
+    }
+
+    // Each language has a lexer and its patterns in the Open filter, each detecting it again.
+    void everyLanguageHasALexerAndIsOffered()
+    {
+        QObject owner;
+        const QStringList filter = Languages::fileFilter().split(QStringLiteral(";;"));
+        QCOMPARE(filter.first(), QStringLiteral("All Files (*)"));
+        QVERIFY(Languages::names().size() >= 35);
+        for (const QString &name : Languages::names()) {
+            const QsciLexer *lexer = LanguageLexers::create(name, &owner);
+            QVERIFY2(lexer && lexer->parent() == &owner, qPrintable(name));
+            const QStringList patterns = Languages::patterns(name);
+            const QString entry = name + " (" + patterns.join(QLatin1Char(' ')) + ')';
+            QVERIFY2(patterns.isEmpty() || filter.contains(entry), qPrintable(entry));
+            for (const QString &pattern : patterns)
+                QVERIFY2(Languages::detect(QString(pattern).replace('*', 'x'), {}) == name,
+                         qPrintable(name + QLatin1Char(' ') + pattern));
+        }
+        QVERIFY(!LanguageLexers::create(QString(), &owner));
+        QVERIFY(!LanguageLexers::create(QStringLiteral("Klingon"), &owner));
     }
 };
 

@@ -54,7 +54,6 @@ private Q_SLOTS:
     void cleanup();
     void changedOnDisk_data();
     void changedOnDisk();
-    void deletedFileKeepsTextAsUnsaved();
     void watchFollowsEveryReplacement();
     void savingOverChangedFileAsks_data();
     void savingOverChangedFileAsks();
@@ -95,7 +94,7 @@ void TestExternalChange::changedOnDisk_data()
 {
     QTest::addColumn<bool>("modified"); // "mine\n" typed before the change
     QTest::addColumn<bool>("silently"); // the reload-unmodified-silently option
-    QTest::addColumn<int>("answer");    // -1: Escape
+    QTest::addColumn<int>("answer");    // -1: Escape, -2: the file is deleted, nothing asked
     QTest::addColumn<QString>("text");  // in the editor after the answer
     QTest::newRow("unmodified, reload") << false << false << int(UserPrompt::Reload) << "theirs\n";
     QTest::newRow("unmodified, keep") << false << false << int(UserPrompt::Keep) << "original\n";
@@ -103,6 +102,7 @@ void TestExternalChange::changedOnDisk_data()
     QTest::newRow("modified, option still asks, escape keeps")
         << true << true << -1 << "mine\noriginal\n";
     QTest::newRow("modified, reload") << true << false << int(UserPrompt::Reload) << "theirs\n";
+    QTest::newRow("deleted, text kept as unsaved") << false << true << -2 << "original\n";
 }
 
 void TestExternalChange::changedOnDisk()
@@ -120,10 +120,13 @@ void TestExternalChange::changedOnDisk()
     SedGUI *tool = open("original\n");
     if (modified)
         tool->editor()->insertAt(QStringLiteral("mine\n"), 0, 0);
-    (modified ? renameOver : writeInPlace)(m_path, "theirs\n");
+    if (answer == -2)
+        QVERIFY(QFile::remove(m_path));
+    else
+        (modified ? renameOver : writeInPlace)(m_path, "theirs\n");
 
     QCOMPARE(changed(), tool);
-    const qsizetype asks = (modified || !silently) ? 1 : 0;
+    const qsizetype asks = (modified || !silently) && answer != -2 ? 1 : 0;
     QCOMPARE(prompts.asked.size(), asks);
     if (asks) {
         QVERIFY(prompts.asked.first().text.contains(m_path));
@@ -139,26 +142,12 @@ void TestExternalChange::changedOnDisk()
     if (modified && reloaded) {
         tool->editor()->undo(); // the reload is one undo step
         QCOMPARE(tool->editor()->text(), QStringLiteral("mine\noriginal\n"));
-    } else if (modified) {
+    } else if (!reloaded) {
+        QVERIFY(!tool->infoBar()->message().isEmpty());
         QVERIFY(tool->save()); // without asking again about the change kept
-        QCOMPARE(readAll(m_path), QByteArray("mine\noriginal\n"));
+        QCOMPARE(readAll(m_path), text.toUtf8());
     }
     QCOMPARE(prompts.asked.size(), asks);
-}
-
-void TestExternalChange::deletedFileKeepsTextAsUnsaved()
-{
-    PromptRecorder prompts;
-    SedGUI *tool = open("keep me\n");
-    QVERIFY(QFile::remove(m_path));
-    QCOMPARE(changed(), tool);
-    QCOMPARE(tool->editor()->text(), QStringLiteral("keep me\n"));
-    QVERIFY(tool->isModified());
-    QVERIFY(!tool->infoBar()->message().isEmpty());
-    QCOMPARE(changed(), nullptr);
-    QVERIFY(tool->save());
-    QCOMPARE(readAll(m_path), QByteArray("keep me\n"));
-    QVERIFY(prompts.asked.isEmpty());
 }
 
 void TestExternalChange::watchFollowsEveryReplacement()
