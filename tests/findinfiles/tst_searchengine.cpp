@@ -3,11 +3,8 @@
 #include "textmatcher.h"
 #include "writefile.h"
 
-#include <QDir>
-#include <QFile>
 #include <QScopeGuard>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <climits>
 #include <fcntl.h>
@@ -156,8 +153,7 @@ void TestSearchEngine::findsTheMatchingLines_data()
     row("hits on a line give one entry", "foo foo foo\nbar\nfoo", "foo", Plain,
         {"1:foo foo foo", "3:foo"});
     row("column after non-ASCII", "x\n\xc3\xa9\xc3\xa9 foo foo\n", "foo", Plain, {"2:éé foo foo"});
-    row("overlapping occurrences", "aaaa\nxa.a.a\n", "a.a", WholeWord, {"2:xa.a.a"});
-    row("overlapping occurrences, any case", "xA.a.A\n", "a.a", WholeWord, {"1:xA.a.A"});
+    row("overlapping occurrences", "aaaa\nxA.a.A\n", "a.a", WholeWord, {"2:xA.a.A"});
     row("case-sensitive", "Foo\nfoo\nFOO\n", "foo", CaseSensitive, {"2:foo"});
     row("case-insensitive", "Foo\nfoo\nFOO\nf0o\n", "fOo", Plain, {"1:Foo", "2:foo", "3:FOO"});
     row("any case beyond ASCII", "ÉCOLE\nécole\necole\n", "école", Plain, {"1:ÉCOLE", "2:école"});
@@ -178,18 +174,14 @@ void TestSearchEngine::findsTheMatchingLines_data()
     row("binary file", QByteArray("foo\0bar\nfoo\n", 12), "foo", Plain, {binary});
     row("NUL after the first block is text", QByteArray(9000, 'x') + QByteArray("\nfoo\0\n", 6),
         "foo", Plain, {QStringLiteral("2:foo") + QChar(0)});
-    row("Latin-1, ASCII search", "caf\xe9 foo\n", "foo", Plain, {"1:caf\xc3\xa9 foo"});
-    row("Latin-1, non-ASCII search", "x\ncaf\xe9 au\n", "caf\xc3\xa9", Plain, {"2:caf\xc3\xa9 au"});
-    row("Windows-1252", "\x93q\x94 foo\n", "foo", Plain, {"1:\xe2\x80\x9cq\xe2\x80\x9d foo"});
+    row("Windows-1252", "x\n\x93q\x94 caf\xe9\n", "caf\xc3\xa9", Plain,
+        {"2:\xe2\x80\x9cq\xe2\x80\x9d caf\xc3\xa9"});
     row("UTF-8 byte order mark", QByteArray("\xef\xbb\xbf") + "foo\n", "foo", Plain, {"1:foo"});
     row("UTF-16 is not binary", QByteArray::fromHex("fffe61000a0066006f006f000a00"), "foo", Plain,
         {"2:foo"});
     row("empty file", "", "foo", Plain, {});
-    // The fixed-string search looks at 4 MiB windows at a time.
-    const QByteArray window = QByteArray(4 * 1024 * 1024 - 6, 'x') + '\n';
-    row("match straddling a window", window + "needle\n", "needle", CaseSensitive, {"2:needle"});
-    row("straddling, any case", window + "needle\n", "NEEDLE", Plain, {"2:needle"});
-    row("match starting a window", "12345" + window + "needle\n", "needle", Plain, {"2:needle"});
+    row("any case, straddling the 4 MiB windows the plain search reads",
+        QByteArray(4 * 1024 * 1024 - 6, 'x') + "\nneedle\n", "NEEDLE", Plain, {"2:needle"});
 }
 
 void TestSearchEngine::findsTheMatchingLines()
@@ -208,21 +200,16 @@ void TestSearchEngine::walksTheFilesToSearch_data()
     QTest::addColumn<bool>("hidden");
     QTest::addColumn<QString>("expected");
 
-    const QString defaults = SearchOptions::defaultExcludeGlobs().join(QLatin1Char(';'));
     QTest::newRow("defaults skip hidden, version-control and build folders; links once")
-        << "" << defaults << false
-        << "a.c|b.h|z-link.c|other/x.c|par(1)/g (2).c|sub/c.cpp|sub/deep/d.txt";
-    QTest::newRow("include globs, hidden files; defaults still exclude")
-        << "*.c; *.h" << defaults << true
-        << ".f.c|a.c|b.h|z-link.c|.hidden/e.c|other/x.c|par(1)/g (2).c";
-    QTest::newRow("exclude a folder and a file glob; a link still reaches the folder")
-        << "" << defaults + ";sub;*.h" << false
-        << "a.c|z-link.c|other/x.c|par(1)/g (2).c|sublink/c.cpp|sublink/deep/d.txt";
-    QTest::newRow("nothing excluded")
         << ""
-        << "" << true
-        << ".f.c|a.c|b.h|z-link.c|.git/config|.hidden/e.c|build/out.c|node_modules/m.js|"
-           "other/x.c|par(1)/g (2).c|sub/c.cpp|sub/deep/d.txt";
+        << "" << false << "a.c|b.h|z-link.c|other/x.c|par(1)/g (2).c|sub/c.cpp|sub/deep/d.txt";
+    QTest::newRow("include globs, hidden files; defaults still exclude")
+        << "*.c; *.h"
+        << "" << true << ".f.c|a.c|b.h|z-link.c|.hidden/e.c|other/x.c|par(1)/g (2).c";
+    QTest::newRow("exclude a folder and a file glob; a link still reaches the folder")
+        << ""
+        << ";sub;*.h" << false
+        << "a.c|z-link.c|other/x.c|par(1)/g (2).c|sublink/c.cpp|sublink/deep/d.txt";
 }
 
 void TestSearchEngine::walksTheFilesToSearch()
@@ -234,7 +221,7 @@ void TestSearchEngine::walksTheFilesToSearch()
 
     SearchOptions options = optionsFor(m_tree.path());
     options.includeGlobs = SearchOptions::splitGlobs(include);
-    options.excludeGlobs = SearchOptions::splitGlobs(exclude);
+    options.excludeGlobs += SearchOptions::splitGlobs(exclude);
     options.includeHidden = hidden;
     const Collected collected = search(options);
     QCOMPARE(collected.summaries.size(), 1);
