@@ -40,140 +40,103 @@ class TestFindInFiles : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
-    void actionOpensTheDialogWithSelectionAndFolder();
-    void searchFillsThePaneAndDoubleClickOpensTheHit();
-    void paneStopStopsTheSearch();
-    void hitLineReadsBackToItsFileAndLine_data();
-    void hitLineReadsBackToItsFileAndLine();
-    void longLineKeepsTheMatchInView();
-
-private:
-    SearchOptions optionsFor(const QString &text) const
+    void init()
     {
+        m_window = new FakeWindow;
+        auto *tabs = new QTabWidget(m_window);
+        m_tool = new FakeTool;
+        tabs->addTab(m_tool, QStringLiteral("tool"));
+        m_window->setCentralWidget(tabs);
+        m_action = new QAction(QStringLiteral("Find in Files..."), m_window);
+        m_fif = new FindInFiles(m_window, m_action);
+        m_window->show();
+        QDir::setCurrent(m_dir.path());
+    }
+    void cleanup() { delete m_window; } // owns the controller
+    void actionOpensTheDialogWithSelectionAndFolder()
+    {
+        m_tool->selection = QStringLiteral("selected_word");
+        m_action->trigger();
+        FindInFilesDialog *dialog = m_fif->dialog();
+        QVERIFY(dialog && dialog->isVisible());
+        QCOMPARE(dialog->options().text, QStringLiteral("selected_word"));
+        QCOMPARE(dialog->options().folder, QDir::currentPath());
+    }
+    void searchFillsThePaneAndDoubleClickOpensTheHit()
+    {
+        const QString file = m_dir.filePath(QStringLiteral("src (1)/f(2).c"));
+        writeFile(file, "a\nint f(x): y\nf(x):\n");
         SearchOptions options;
-        options.folder = m_dir->path();
-        options.text = text;
-        return options;
+        options.folder = m_dir.path();
+        options.text = QStringLiteral("f(x):"); // in the heading, it must not read as a hit either
+        // Stopped from the pane before the event loop can hand any result on.
+        m_fif->startSearch(options);
+        m_fif->resultWindow()->stopSearch();
+        QVERIFY(!m_fif->engine()->isRunning());
+        QVERIFY(m_window->statusBar()->currentMessage().endsWith(QLatin1String("search stopped")));
+
+        QSignalSpy finished(m_fif->engine(), &SearchEngine::finished);
+        m_fif->startSearch(options);
+        QVERIFY(finished.wait());
+
+        ResultWindow *pane = m_fif->resultWindow();
+        auto *dock = qobject_cast<QDockWidget *>(pane->parentWidget());
+        QVERIFY(dock && dock->isVisible());
+        QCOMPARE(m_window->dockWidgetArea(dock), Qt::BottomDockWidgetArea);
+        const QStringList lines = pane->toPlainText().split(QLatin1Char('\n'));
+        QCOMPARE(lines.size(), 4); // heading, two hits, summary
+        QVERIFY(
+            m_window->statusBar()->currentMessage().startsWith(QLatin1String("2 hits in 1 file")));
+
+        for (const QString &line : lines)
+            pane->openResultLine(line);
+        const QList<std::pair<QString, int>> expected{
+            {QString(), 0}, {file, 2}, {file, 3}, {QString(), 0}};
+        QCOMPARE(m_window->opened, expected);
+    }
+    void hitLineReadsBackToItsFileAndLine_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<int>("line");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("a hit line inside the path") << "/d/x(12):y/f(3).c" << 3 << "x";
+        QTest::newRow("several paren-colons in the text") << "/d/f.c" << 5 << "(a):b(c):d (e):";
+        QTest::newRow("blank text") << "/d/f.c" << 2 << " \t ";
+        QTest::newRow("controls and line separators")
+            << "/d/f.c" << 3
+            << QStringLiteral("a\rb") + QChar(0x2028) + "c" + QChar(0x2029) + QChar(0) + "(1):d";
+        QTest::newRow("large line number") << "/d/f.c" << 2000000000 << "x";
+    }
+    void hitLineReadsBackToItsFileAndLine()
+    {
+        QFETCH(QString, file);
+        QFETCH(int, line);
+        QFETCH(QString, text);
+        const QString hit = HitFormatter::hitLine(file, line, text, 0);
+        QVERIFY2(!hit.contains(QLatin1Char('\n')) && !hit.contains(QLatin1Char('\r')),
+                 qPrintable(hit));
+        ResultWindow pane(nullptr);
+        QSignalSpy opened(&pane, &ResultWindow::sigOpenFile);
+        pane.openResultLine(hit);
+        QCOMPARE(opened.size(), 1);
+        QCOMPARE(opened.first(), (QVariantList{file, line}));
+    }
+    void longLineKeepsTheMatchInView()
+    {
+        const QString text = QString(5000, QLatin1Char('y')) + QStringLiteral(" needle ") +
+                             QString(5000, QLatin1Char('z'));
+        const QString shown = HitFormatter::displayText(text, 5001);
+        QVERIFY(shown.size() <= HitFormatter::MaxTextLength + 2);
+        QVERIFY(shown.contains(QLatin1String("needle")));
     }
 
+private:
     FakeWindow *m_window = nullptr;
     FakeTool *m_tool = nullptr;
     QAction *m_action = nullptr;
     FindInFiles *m_fif = nullptr;
-    QTemporaryDir *m_dir = nullptr;
+    QTemporaryDir m_dir;
 };
-
-void TestFindInFiles::init()
-{
-    m_window = new FakeWindow;
-    auto *tabs = new QTabWidget(m_window);
-    m_tool = new FakeTool;
-    tabs->addTab(m_tool, QStringLiteral("tool"));
-    m_window->setCentralWidget(tabs);
-    m_action = new QAction(QStringLiteral("Find in Files..."), m_window);
-    m_fif = new FindInFiles(m_window, m_action);
-    m_window->show();
-    m_dir = new QTemporaryDir;
-    QDir::setCurrent(m_dir->path());
-}
-
-void TestFindInFiles::cleanup()
-{
-    delete m_window; // owns the controller
-    delete m_dir;
-}
-
-void TestFindInFiles::actionOpensTheDialogWithSelectionAndFolder()
-{
-    m_tool->selection = QStringLiteral("selected_word");
-    m_action->trigger();
-    FindInFilesDialog *dialog = m_fif->dialog();
-    QVERIFY(dialog && dialog->isVisible());
-    QCOMPARE(dialog->options().text, QStringLiteral("selected_word"));
-    QCOMPARE(dialog->options().folder, QDir::currentPath());
-
-    // A selection over several lines is no search text: the last one stays.
-    m_tool->selection = QStringLiteral("two\nlines");
-    m_action->trigger();
-    QCOMPARE(dialog->options().text, QStringLiteral("selected_word"));
-}
-
-void TestFindInFiles::searchFillsThePaneAndDoubleClickOpensTheHit()
-{
-    const QString file = m_dir->filePath(QStringLiteral("src (1)/f(2).c"));
-    writeFile(file, "a\nint f(x): y\nf(x):\n");
-    QSignalSpy finished(m_fif->engine(), &SearchEngine::finished);
-    // A "(x):" in the heading must not read as a hit either.
-    m_fif->startSearch(optionsFor(QStringLiteral("f(x):")));
-    QVERIFY(finished.wait());
-
-    ResultWindow *pane = m_fif->resultWindow();
-    auto *dock = qobject_cast<QDockWidget *>(pane->parentWidget());
-    QVERIFY(dock && dock->isVisible());
-    QCOMPARE(m_window->dockWidgetArea(dock), Qt::BottomDockWidgetArea);
-    const QStringList lines = pane->toPlainText().split(QLatin1Char('\n'));
-    QCOMPARE(lines.size(), 4); // heading, two hits, summary
-    QVERIFY(m_window->statusBar()->currentMessage().startsWith(QLatin1String("2 hits in 1 file")));
-
-    for (const QString &line : lines)
-        pane->openResultLine(line);
-    const QList<std::pair<QString, int>> expected{
-        {QString(), 0}, {file, 2}, {file, 3}, {QString(), 0}};
-    QCOMPARE(m_window->opened, expected);
-}
-
-void TestFindInFiles::paneStopStopsTheSearch()
-{
-    // A search runs until the event loop hands its results on, which this test never lets it do.
-    writeFile(m_dir->filePath(QStringLiteral("a.txt")), "needle\n");
-    m_fif->startSearch(optionsFor(QStringLiteral("needle")));
-    m_fif->resultWindow()->stopSearch();
-    QVERIFY(!m_fif->engine()->isRunning());
-    QVERIFY(m_window->statusBar()->currentMessage().endsWith(QLatin1String("search stopped")));
-}
-
-void TestFindInFiles::hitLineReadsBackToItsFileAndLine_data()
-{
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<int>("line");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("a hit line inside the path") << "/d/x(12):y/f(3).c" << 3 << "x";
-    QTest::newRow("several paren-colons in the text") << "/d/f.c" << 5 << "(a):b(c):d (e):";
-    QTest::newRow("blank text") << "/d/f.c" << 2 << " \t ";
-    QTest::newRow("controls and line separators")
-        << "/d/f.c" << 3
-        << QStringLiteral("a\rb") + QChar(0x2028) + "c" + QChar(0x2029) + QChar(0) + "(1):d";
-    QTest::newRow("large line number") << "/d/f.c" << 2000000000 << "x";
-}
-
-void TestFindInFiles::hitLineReadsBackToItsFileAndLine()
-{
-    QFETCH(QString, file);
-    QFETCH(int, line);
-    QFETCH(QString, text);
-    const QString hit = HitFormatter::hitLine(file, line, text, 0);
-    QVERIFY2(!hit.contains(QLatin1Char('\n')) && !hit.contains(QLatin1Char('\r')), qPrintable(hit));
-    ResultWindow pane(nullptr);
-    QSignalSpy opened(&pane, &ResultWindow::sigOpenFile);
-    pane.openResultLine(hit);
-    QCOMPARE(opened.size(), 1);
-    QCOMPARE(opened.first(), (QVariantList{file, line}));
-}
-
-void TestFindInFiles::longLineKeepsTheMatchInView()
-{
-    const QString text = QString(5000, QLatin1Char('y')) + QStringLiteral(" needle ") +
-                         QString(5000, QLatin1Char('z'));
-    const QString shown = HitFormatter::displayText(text, 5001);
-    QVERIFY(shown.size() <= HitFormatter::MaxTextLength + 2);
-    QVERIFY(shown.contains(QLatin1String("needle")));
-    QVERIFY(shown.startsWith(QChar(0x2026)) && shown.endsWith(QChar(0x2026)));
-    // A match near the start keeps the start.
-    QVERIFY(HitFormatter::displayText(QString(QStringLiteral("needle ") + text), 0)
-                .startsWith(QLatin1String("needle")));
-}
 
 QTEST_MAIN(TestFindInFiles)
 #include "tst_findinfiles.moc"

@@ -1,8 +1,8 @@
+#include "fileopsrunner.h"
 #include "infobar.h"
 #include "promptrecorder.h"
 #include "sedgui.h"
 
-#include <QFile>
 #include <QFileInfo>
 #include <QPointer>
 #include <QSignalSpy>
@@ -12,40 +12,18 @@
 
 #include <Qsci/qsciscintilla.h>
 
-using koru::sedgui::SedGUI;
-using koru::sedgui::UserPrompt;
-
-namespace {
-
-QByteArray readAll(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<unreadable>");
-}
-
-QByteArray utf16(const char16_t *text)
-{
-    return QStringEncoder(QStringConverter::Utf16LE, QStringEncoder::Flag::WriteBom)
-        .encode(QString::fromUtf16(text));
-}
-
-} // namespace
+using namespace koru::sedgui;
 
 class TestSedGUI : public QObject
 {
     Q_OBJECT
 
-private:
-    // Writes bytes to name in the temporary folder and returns its path.
+    QTemporaryDir m_dir;
     QString file(const char *name, const QByteArray &bytes)
     {
-        QFile file(m_dir.filePath(QString::fromLatin1(name)));
-        return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size()
-                   ? file.fileName()
-                   : QString();
+        const QString path = m_dir.filePath(QString::fromLatin1(name));
+        return FileOpsRunner::writeFile(path, bytes) ? path : QString();
     }
-
-    QTemporaryDir m_dir;
 
 private Q_SLOTS:
     void saveKeepsTheFileFormat_data()
@@ -53,23 +31,21 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("bytes");
         QTest::addColumn<QByteArray>("typed"); // after typing a second line; empty: saved unedited
         QTest::addColumn<bool>("untitled");    // typed in a new tool, saved through Save As
-        const auto asRead = [](const char *tag, const QByteArray &bytes) {
-            QTest::newRow(tag) << bytes << QByteArray() << false;
+        const auto row = [](const char *tag, const QByteArray &bytes, const QByteArray &typed = {},
+                            bool untitled = false) {
+            QTest::newRow(tag) << bytes << typed << untitled;
         };
-        asRead("utf-8", "int main()\n{\n    return 0; // \xc3\xa9\xe2\x82\xac\n}\n");
-        asRead("utf-8 with bom", "\xef\xbb\xbfhello\nworld\n");
-        asRead("invalid bytes and nul", QByteArray("ok \xff\xfe bad \xc3( and\0nul\n", 21));
-        asRead("mixed endings, no final newline", "a\r\nb\nc\rd");
-        asRead("latin-1", "caf\xe9 cr\xe8me br\xfbl\xe9\xe9 na\xefve\n");
-        asRead("empty", "");
-        QTest::newRow("untitled") << QByteArray("print('hi')\n") << QByteArray() << true;
+        const auto utf16 = [](QStringView text) -> QByteArray {
+            return QStringEncoder(QStringConverter::Utf16LE, QStringEncoder::Flag::WriteBom)(text);
+        };
+        row("utf-8 with bom", "\xef\xbb\xbfhello\nworld\n");
+        row("invalid bytes and nul", QByteArray("ok \xff\xfe bad \xc3( and\0nul\n", 21));
+        row("mixed endings, no final newline", "a\r\nb\nc\rd");
+        row("untitled", "print('hi')\n", {}, true);
         // The typed line takes the file's encoding, byte order mark and line ending.
-        QTest::newRow("latin-1 lf")
-            << QByteArray("first line, caf\xe9\nsecond\n")
-            << QByteArray("first line, caf\xe9\ntyped \xe9t\xe9\nsecond\n") << false;
-        QTest::newRow("utf-16le crlf")
-            << utf16(u"first line, caf\u00e9\r\nsecond\r\n")
-            << utf16(u"first line, caf\u00e9\r\ntyped \u00e9t\u00e9\r\nsecond\r\n") << false;
+        row("latin-1 lf", "first, caf\xe9\nx\n", "first, caf\xe9\ntyped \xe9t\xe9\nx\n");
+        row("utf-16le crlf", utf16(u"caf\u00e9\r\nx\r\n"),
+            utf16(u"caf\u00e9\r\ntyped \u00e9t\u00e9\r\nx\r\n"));
     }
     void saveKeepsTheFileFormat()
     {
@@ -96,16 +72,13 @@ private Q_SLOTS:
         }
         QSignalSpy saved(&tool, &SedGUI::sigFileSaved);
         QVERIFY(tool.save());
-        QCOMPARE(readAll(path), typed.isEmpty() ? bytes : typed);
-        QVERIFY(!tool.isModified());
-        QVERIFY(prompts.asked.isEmpty());
+        QCOMPARE(FileOpsRunner::readFile(path), typed.isEmpty() ? bytes : typed);
+        QVERIFY(!tool.isModified() && prompts.asked.isEmpty());
         QCOMPARE(prompts.fileNameRequests, untitled ? 2 : 0);
-        QCOMPARE(saved.count(), 1);
-        QCOMPARE(saved.first().first().toString(), path);
+        QCOMPARE(saved, QList<QVariantList>{{path}});
         QCOMPARE(tool.getTabText(), QFileInfo(path).fileName());
         QVERIFY(!untitled || tool.languageName() == QLatin1String("Python"));
     }
-
     // A missing file is made only by the save; a save that fails keeps the text and the tool.
     void closeAsksWhenModified_data()
     {
@@ -145,9 +118,8 @@ private Q_SLOTS:
         QSignalSpy saved(tool.data(), &SedGUI::sigFileSaved);
         tool->closeTool(false);
         QCOMPARE(closed.count(), closes ? 1 : 0);
-        QCOMPARE(readAll(path), onDisk);
+        QCOMPARE(FileOpsRunner::readFile(path), onDisk);
         QCOMPARE(saved.count(), answer == UserPrompt::Save && closes ? 1 : 0);
-        // The close question, and where the save fails a message naming the file.
         const bool blocked = name.startsWith(QLatin1String("not-a-folder"));
         QCOMPARE(prompts.asked.size(), answer < 0 ? 0 : blocked ? 2 : 1);
         QVERIFY(!blocked || prompts.asked.last().text.contains(path));
@@ -159,34 +131,23 @@ private Q_SLOTS:
             delete tool;
         }
     }
-
-    // A 5 MB line (CRLF) opens plain and read-only, broken for display, and saves exactly.
     void hugeLineOpensPlainAndSavesExactly()
     {
-        const int lineBytes = 5 * 1024 * 1024;
-        const QByteArray ending("\r\n");
-        // Multi-byte characters throughout: display breaks must not split them.
-        QByteArray line;
-        line.reserve(lineBytes);
-        while (line.size() < lineBytes)
-            line += "{x}(\xc3\xa9);\xe2\x82\xac ";
-        const QByteArray bytes = "short" + ending + line + ending + line + ending + "end";
+        // 5.3 MB lines of multi-byte characters: display breaks must not split them.
+        const QByteArray line = QByteArray("{x}(\xc3\xa9);\xe2\x82\xac ").repeated(440000);
+        const QByteArray bytes = "short\r\n" + line + "\r\n" + line + "\r\nend";
         const QString path = file("huge.c", bytes);
         PromptRecorder prompts;
         SedGUI tool;
         QVERIFY(tool.openFile(path, nullptr));
-        QVERIFY(tool.hasHugeLines());
-        QVERIFY(tool.editor()->lexer() == nullptr);
-        QCOMPARE(tool.editor()->wrapMode(), QsciScintilla::WrapNone);
-        QVERIFY(tool.editor()->isReadOnly());
+        QVERIFY(tool.hasHugeLines() && tool.editor()->isReadOnly() && !tool.isModified());
+        QVERIFY(!tool.editor()->lexer() && tool.editor()->wrapMode() == QsciScintilla::WrapNone);
         QVERIFY(!tool.infoBar()->message().isEmpty());
-        QVERIFY(!tool.isModified());
         for (int i = 0; i < tool.editor()->lines(); ++i)
             QVERIFY(tool.editor()->text(i).size() <= 1002); // broken for display
         QVERIFY(tool.saveTo(path));
-        QVERIFY(readAll(path) == bytes);
+        QVERIFY(FileOpsRunner::readFile(path) == bytes);
     }
-
     void processArgsSelectsTheLine()
     {
         QByteArray bytes;
@@ -200,17 +161,15 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitForWindowExposed(&tool));
         QCOMPARE(tool.selectedText(), QStringLiteral("line 150"));
     }
-
     void reopenWithEncoding()
     {
         const QString path = file("reopen.txt", "caf\xe9\n");
         PromptRecorder prompts;
         SedGUI tool;
         QVERIFY(tool.openFile(path, nullptr));
-        const QString before = tool.editor()->text();
         QVERIFY(!tool.reloadWithEncoding("UTF-8")); // not valid UTF-8: refused with a message
         QCOMPARE(prompts.asked.size(), 1);
-        QCOMPARE(tool.editor()->text(), before);
+        QCOMPARE(tool.editor()->text(), QStringLiteral("caf\u00e9\n"));
         QVERIFY(tool.reloadWithEncoding("WINDOWS-1252"));
         QCOMPARE(tool.editor()->text(), QStringLiteral("caf\u00e9\n"));
         // A modified document asks first; Escape keeps the edit, saved in the new encoding.
@@ -218,7 +177,7 @@ private Q_SLOTS:
         QVERIFY(!tool.reloadWithEncoding("ISO-8859-15"));
         QCOMPARE(prompts.asked.size(), 2);
         QVERIFY(tool.save());
-        QCOMPARE(readAll(path), QByteArray("edit caf\xe9\n"));
+        QCOMPARE(FileOpsRunner::readFile(path), QByteArray("edit caf\xe9\n"));
     }
 };
 
