@@ -1,5 +1,5 @@
+#include "../textcore/fileopsrunner.h"
 #include "editorsettings.h"
-#include "fileopsrunner.h"
 #include "infobar.h"
 #include "promptrecorder.h"
 #include "sedgui.h"

@@ -1,4 +1,4 @@
-#include "fileopsrunner.h"
+#include "../textcore/fileopsrunner.h"
 #include "infobar.h"
 #include "promptrecorder.h"
 #include "sedgui.h"
