@@ -8,42 +8,32 @@
 
 namespace {
 
+const QString key = QStringLiteral("Recent_Files/RecentFileList");
+
 QStringList storedList()
 {
-    return BaseUsrSettings("SRC_EDITOR").value("Recent_Files/RecentFileList").toStringList();
+    return BaseUsrSettings("SRC_EDITOR").value(key).toStringList();
 }
 
-void store(const QStringList &list)
-{
-    BaseUsrSettings("SRC_EDITOR").setValue("Recent_Files/RecentFileList", list);
-}
-
-QStringList numbered(const QString &prefix, int count)
+QStringList numbered(int count)
 {
     QStringList list;
     for (int i = 1; i <= count; ++i)
-        list.append(prefix + QString::number(i));
+        list.append("/p" + QString::number(i));
     return list;
 }
 
-QList<QMenu *> recentMenus(const MainWindow &window)
+// The visible entries of the Recent Files sub-menu.
+QList<QAction *> shownEntries(const MainWindow &window)
 {
-    QList<QMenu *> menus;
-    for (QMenu *menu : window.menu(0)->findChildren<QMenu *>(Qt::FindDirectChildrenOnly)) {
-        if (menu->title() == QLatin1String("Recent Files"))
-            menus.append(menu);
+    QList<QAction *> shown;
+    if (auto *menu = window.menu(0)->findChild<QMenu *>(QString(), Qt::FindDirectChildrenOnly)) {
+        for (QAction *action : menu->actions()) {
+            if (action->isVisible())
+                shown.append(action);
+        }
     }
-    return menus;
-}
-
-QList<QAction *> visibleActions(QMenu *menu)
-{
-    QList<QAction *> visible;
-    for (QAction *action : menu->actions()) {
-        if (action->isVisible())
-            visible.append(action);
-    }
-    return visible;
+    return shown;
 }
 
 } // namespace
@@ -54,106 +44,84 @@ class TestRecentFiles : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
+    void init()
+    {
+        FakeControl::instance()->reset();
+        BaseUsrSettings("SRC_EDITOR").clear();
+    }
     void addition_data();
     void addition();
-    void storedListIsTheBaseOfEachChange();
     void subMenuShowsFifteenNumberedEntries();
     void choosingAnEntryOpensIt_data();
     void choosingAnEntryOpensIt();
 };
-
-void TestRecentFiles::init()
-{
-    FakeControl::instance()->reset();
-    BaseUsrSettings("SRC_EDITOR").clear();
-}
 
 void TestRecentFiles::addition_data()
 {
     QTest::addColumn<QStringList>("stored");
     QTest::addColumn<QString>("path");
     QTest::addColumn<QStringList>("expected");
-    const QStringList ten = numbered("/p", 10);
-    QTest::newRow("first entry") << QStringList() << "/a" << QStringList{"/a"};
-    QTest::newRow("most recent first") << QStringList{"/a"} << "/b" << QStringList{"/b", "/a"};
-    QTest::newRow("position 7 moves to the front")
-        << ten << "/p7" << (QStringList{"/p7"} + ten.mid(0, 6) + ten.mid(7));
-    QTest::newRow("letter case makes another entry")
-        << QStringList{"/a.txt"} << "/A.txt" << QStringList{"/A.txt", "/a.txt"};
-    QTest::newRow("exact strings, no normalising")
-        << QStringList{"/x/../a"} << "/a" << QStringList{"/a", "/x/../a"};
-    QTest::newRow("every duplicate removed")
-        << QStringList{"/a", "/b", "/a"} << "/a" << QStringList{"/a", "/b"};
-    QTest::newRow("long stored list is cut to 15")
-        << numbered("/p", 20) << "/new" << (QStringList{"/new"} + numbered("/p", 14));
+    using L = QStringList;
+    QTest::newRow("most recent first") << L{"/a"} << "/b" << L{"/b", "/a"};
+    QTest::newRow("every duplicate goes")
+        << L{"/a", "/b", "/c", "/b"} << "/b" << L{"/b", "/a", "/c"};
+    QTest::newRow("letter case counts") << L{"/a.txt"} << "/A.txt" << L{"/A.txt", "/a.txt"};
+    QTest::newRow("no normalising") << L{"/x/../a"} << "/a" << L{"/a", "/x/../a"};
+    QTest::newRow("cut to 15") << numbered(20) << "/new" << (L{"/new"} + numbered(14));
 }
 
+// The window that adds was made before the store changed: the stored list,
+// not the one it loaded, is the base of the change.
 void TestRecentFiles::addition()
 {
     QFETCH(QStringList, stored);
     QFETCH(QString, path);
     QFETCH(QStringList, expected);
-
-    store(stored);
+    MainWindow adding({});
+    BaseUsrSettings("SRC_EDITOR").setValue(key, stored);
     MainWindow window({});
     QCOMPARE(window.recentFileList(), stored);
-    window.onFileSaved(path);
+    adding.onFileSaved(path);
     QCOMPARE(storedList(), expected);
-    QCOMPARE(window.recentFileList(), expected);
-}
-
-void TestRecentFiles::storedListIsTheBaseOfEachChange()
-{
-    MainWindow first({});
-    MainWindow second({});
-    first.onFileSaved("/a");
-    second.onFileSaved("/b");
-    first.onFileSaved("/c");
-    QCOMPARE(storedList(), QStringList({"/c", "/b", "/a"}));
+    QCOMPARE(adding.recentFileList(), expected);
 }
 
 void TestRecentFiles::subMenuShowsFifteenNumberedEntries()
 {
     MainWindow window({});
     window.updateMenu();
-    QVERIFY(recentMenus(window).isEmpty()); // none while the list is empty
-    store(numbered("/p", 20));
+    QVERIFY(window.menu(0)->findChildren<QMenu *>().isEmpty()); // none while the list is empty
+    BaseUsrSettings("SRC_EDITOR").setValue(key, numbered(20));
     MainWindow loaded({});
-    QCOMPARE(loaded.recentFileList(), numbered("/p", 20));
     loaded.updateMenu();
-    loaded.updateMenu();
-    QCOMPARE(recentMenus(loaded).size(), 1);
-    QList<QAction *> visible = visibleActions(recentMenus(loaded).first());
-    QCOMPARE(visible.size(), 15);
-    QCOMPARE(visible[9]->text(), QStringLiteral("&10 /p10"));
-    QCOMPARE(visible.last()->data().toString(), QStringLiteral("/p15"));
+    QList<QAction *> shown = shownEntries(loaded);
+    QCOMPARE(shown.size(), 15);
+    QCOMPARE(shown[9]->text(), QStringLiteral("&10 /p10"));
+    QCOMPARE(shown.last()->data().toString(), QStringLiteral("/p15"));
     loaded.onFileSaved("/p10");
     loaded.updateMenu();
-    visible = visibleActions(recentMenus(loaded).value(0));
-    QCOMPARE(visible[0]->text(), QStringLiteral("&1 /p10"));
-    QCOMPARE(visible[1]->text(), QStringLiteral("&2 /p1"));
+    shown = shownEntries(loaded);
+    QCOMPARE(shown[0]->text(), QStringLiteral("&1 /p10"));
+    QCOMPARE(shown[1]->text(), QStringLiteral("&2 /p1"));
 }
 
 void TestRecentFiles::choosingAnEntryOpensIt_data()
 {
     QTest::addColumn<bool>("opens");
     QTest::addColumn<QStringList>("stored"); // after choosing the third entry
-    QTest::newRow("opened: moves to the front") << true << QStringList{"/c", "/a", "/b"};
-    QTest::newRow("failed: list unchanged") << false << QStringList{"/a", "/b", "/c"};
+    QTest::newRow("opened: to the front") << true << QStringList{"/c", "/a", "/b"};
+    QTest::newRow("failed: unchanged") << false << QStringList{"/a", "/b", "/c"};
 }
 
 void TestRecentFiles::choosingAnEntryOpensIt()
 {
     QFETCH(bool, opens);
     QFETCH(QStringList, stored);
-    store({"/a", "/b", "/c"});
+    BaseUsrSettings("SRC_EDITOR").setValue(key, QStringList{"/a", "/b", "/c"});
     FakeControl::instance()->returnNull = !opens;
     MainWindow window({});
     window.updateMenu();
-    QAction *third = recentMenus(window).value(0)->actions().value(2);
-    QVERIFY(third);
-    third->trigger();
+    shownEntries(window).value(2)->trigger();
     QCOMPARE(FakeControl::instance()->createCalls, QList<QStringList>{{"/c"}});
     QCOMPARE(window.tools().size(), opens ? 1 : 0);
     QCOMPARE(storedList(), stored);
