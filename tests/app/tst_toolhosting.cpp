@@ -3,7 +3,6 @@
 #include "faketool.h"
 #include "mainwindow.h"
 #include "menuactionman.h"
-#include "messagelog.h"
 #include "modalwatcher.h"
 
 #include <QAction>
@@ -64,9 +63,6 @@ private Q_SLOTS:
     void commandsAskTheFactory();
     void openThreeFilesFromOneDialog_data();
     void openThreeFilesFromOneDialog();
-    void requestsThatYieldNoToolAddNothing_data();
-    void requestsThatYieldNoToolAddNothing();
-    void switchingToolsMovesActionLinks();
     void closingAnEarlierTabKeepsTheCurrentToolWiredOnce();
     void titleAndDirectoryFollowTheCurrentTool();
     void fileCommandsReachTheirTools();
@@ -104,44 +100,57 @@ void TestToolHosting::commandsAskTheFactory_data()
 {
     QTest::addColumn<QStringList>("startup");
     QTest::addColumn<QString>("command");
-    QTest::addColumn<QStringList>("factoryArgs");
+    QTest::addColumn<bool>("nullTool");
+    QTest::addColumn<QList<QStringList>>("calls");
     QTest::addColumn<QStringList>("tabs");
     QTest::addColumn<QStringList>("recent");
 
-    const QStringList none;
-    const QStringList atLine{"/tmp/a.c", "-line", "12"};
-    const QStringList a{"a.c"};
-    QTest::newRow("start-up, path -line N") << atLine << "" << atLine << a << none;
+    using L = QStringList;
+    using C = QList<QStringList>;
+    const L atLine{"/tmp/a.c", "-line", "12"};
+    const L a{"a.c"};
+    QTest::newRow("start-up, path -line N") << atLine << "" << false << C{atLine} << a << L();
     QTest::newRow("start-up, two paths in one list")
-        << QStringList{"/tmp/a.c", "/tmp/b.c"} << "" << QStringList{"/tmp/a.c", "/tmp/b.c"} << a
-        << none;
-    QTest::newRow("new: untitled") << none << "new" << none << QStringList{"Untitled"} << none;
-    QTest::newRow("open at line") << none << "line" << atLine << a << QStringList{"/tmp/a.c"};
+        << L{"/tmp/a.c", "/tmp/b.c"} << "" << false << C{L{"/tmp/a.c", "/tmp/b.c"}} << a << L();
+    QTest::newRow("new: untitled") << L() << "new" << false << C{L()} << L{"Untitled"} << L();
+    QTest::newRow("open at line") << L() << "line" << false << C{atLine} << a << L{"/tmp/a.c"};
+    QTest::newRow("cancelled open dialog") << L() << "dialog" << false << C() << L() << L();
+    QTest::newRow("empty path") << L() << "empty" << false << C() << L() << L();
+    QTest::newRow("null at start-up")
+        << L{"/tmp/a.c"} << "" << true << C{L{"/tmp/a.c"}} << L() << L();
+    QTest::newRow("null for new") << L() << "new" << true << C{L()} << L() << L();
+    QTest::newRow("null at line") << L() << "line" << true << C{atLine} << L() << L();
 }
 
 void TestToolHosting::commandsAskTheFactory()
 {
     QFETCH(QStringList, startup);
     QFETCH(QString, command);
-    QFETCH(QStringList, factoryArgs);
+    QFETCH(bool, nullTool);
+    QFETCH(QList<QStringList>, calls);
     QFETCH(QStringList, tabs);
     QFETCH(QStringList, recent);
 
     QWidget *parent = nullptr;
+    FakeControl::instance()->returnNull = nullTool;
     FakeControl::instance()->configure = [&](FakeTool *tool, auto &) {
         parent = tool->parentWidget();
     };
+    ModalWatcher watcher;
     MainWindow window(startup);
     if (command == "new")
         action("FILE > NEW")->trigger();
-    else if (command == "line")
-        window.onOpenFile("/tmp/a.c", 12);
-    QCOMPARE(FakeControl::instance()->createCalls, QList<QStringList>{factoryArgs});
-    QCOMPARE(parent, &window);
+    else if (command == "line" || command == "empty")
+        window.onOpenFile(command == "line" ? "/tmp/a.c" : "", 12);
+    else if (command == "dialog")
+        window.onOpenFile();
+    QCOMPARE(watcher.seen.size(), command == "dialog" ? 1 : 0);
+    QCOMPARE(FakeControl::instance()->createCalls, calls);
+    QCOMPARE(parent, tabs.isEmpty() ? nullptr : &window);
     QCOMPARE(tabTexts(window), tabs);
     QCOMPARE(window.currentTool(), window.tabWidget()->widget(0));
     QCOMPARE(window.recentFileList(), recent);
-    if (command == "line") {
+    if (command == "line" && !nullTool) {
         // Every request goes to the factory again; an open tool comes to the
         // front and moves to the line.
         QWidget *a = window.currentTool();
@@ -201,45 +210,14 @@ void TestToolHosting::openThreeFilesFromOneDialog()
     QCOMPARE(window.recentFileList(), QStringList({paths[2], paths[1], paths[0]}));
 }
 
-void TestToolHosting::requestsThatYieldNoToolAddNothing_data()
+// Switching tools moves the links; closing the earlier tab then changes the
+// current index while the tool in front stays: its links are dropped and made
+// again, never doubled, never lost.
+void TestToolHosting::closingAnEarlierTabKeepsTheCurrentToolWiredOnce()
 {
-    QTest::addColumn<QString>("request");
-    QTest::addColumn<int>("factoryCalls");
-    QTest::newRow("cancelled open dialog") << "dialog" << 0;
-    QTest::newRow("open at line, empty path") << "empty" << 0;
-    QTest::newRow("open at line, factory gives null") << "null open" << 1;
-    QTest::newRow("new, factory gives null") << "null new" << 1;
-    QTest::newRow("start-up, factory gives null") << "null start-up" << 1;
-}
-
-void TestToolHosting::requestsThatYieldNoToolAddNothing()
-{
-    QFETCH(QString, request);
-    QFETCH(int, factoryCalls);
-
-    ModalWatcher watcher;
-    FakeControl::instance()->returnNull = request.startsWith("null");
-    MainWindow window(request == "null start-up" ? QStringList{"/tmp/a.c"} : QStringList());
-    if (request == "dialog")
-        window.onOpenFile();
-    else if (request == "empty")
-        window.onOpenFile(QString(), 3);
-    else if (request == "null open")
-        window.onOpenFile("/tmp/missing.c", 1);
-    else if (request == "null new")
-        action("FILE > NEW")->trigger();
-    QCOMPARE(watcher.seen.size(), request == "dialog" ? 1 : 0);
-    QCOMPARE(FakeControl::instance()->createCalls.size(), factoryCalls);
-    QCOMPARE(window.tabWidget()->count(), 0);
-    QVERIFY(window.recentFileList().isEmpty());
-}
-
-void TestToolHosting::switchingToolsMovesActionLinks()
-{
-    // Only the first tool also drives CUT.
     FakeControl::instance()->configure = [](FakeTool *tool, const QStringList &args) {
         wireCopy(tool, args);
-        if (args.value(0) == "/tmp/a.c")
+        if (args.value(0) == "/tmp/a.c") // only the first tool drives CUT
             tool->addConnection(nullptr, "2stateChanged(bool)", "cut", "1setEnabled(bool)");
     };
     QAction *copy = action("EDIT > COPY");
@@ -251,7 +229,6 @@ void TestToolHosting::switchingToolsMovesActionLinks()
 
     window.onOpenFile("/tmp/b.c", 1);
     FakeTool *b = fake(window.currentTool());
-    // A's actions are released and disabled until B drives them.
     QVERIFY(!copy->isEnabled() && !cut->isEnabled());
     emit a->stateChanged(true);
     QVERIFY(!copy->isEnabled() && !cut->isEnabled());
@@ -260,29 +237,17 @@ void TestToolHosting::switchingToolsMovesActionLinks()
     copy->trigger();
     QCOMPARE(b->commandsReceived, 1);
     QCOMPARE(a->commandsReceived, 0);
-}
 
-void TestToolHosting::closingAnEarlierTabKeepsTheCurrentToolWiredOnce()
-{
-    // The current index changes while the tool in front stays: its links
-    // are dropped and made again, never doubled, never lost.
-    FakeControl::instance()->configure = wireCopy;
-    MainWindow window({"/tmp/a.c"});
-    FakeTool *a = fake(window.currentTool());
-    window.onOpenFile("/tmp/b.c", 1);
-    FakeTool *b = fake(window.currentTool());
     emit a->sigToolClose(a);
     QCOMPARE(window.tools(), QList<QWidget *>{b});
     QCOMPARE(window.tabWidget()->currentIndex(), 0);
     QCOMPARE(window.currentTool(), b);
-
-    QAction *copy = action("EDIT > COPY");
     emit b->stateChanged(false);
     QVERIFY(!copy->isEnabled());
     emit b->stateChanged(true);
     QVERIFY(copy->isEnabled());
     copy->trigger();
-    QCOMPARE(b->commandsReceived, 1);
+    QCOMPARE(b->commandsReceived, 2);
 }
 
 // The tools' signals bring them to the front, which moves the title and the
