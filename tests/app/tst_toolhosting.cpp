@@ -64,8 +64,7 @@ private Q_SLOTS:
     void openThreeFilesFromOneDialog_data();
     void openThreeFilesFromOneDialog();
     void closingAnEarlierTabKeepsTheCurrentToolWiredOnce();
-    void titleAndDirectoryFollowTheCurrentTool();
-    void fileCommandsReachTheirTools();
+    void toolsInFrontAndTheFileCommands();
 
 private:
     QString m_startDir;
@@ -251,8 +250,9 @@ void TestToolHosting::closingAnEarlierTabKeepsTheCurrentToolWiredOnce()
 }
 
 // The tools' signals bring them to the front, which moves the title and the
-// working directory; closing the last tool resets both and the tool actions.
-void TestToolHosting::titleAndDirectoryFollowTheCurrentTool()
+// working directory; the file commands reach the tools; closing the last one
+// resets the title and the tool actions.
+void TestToolHosting::toolsInFrontAndTheFileCommands()
 {
     QTemporaryDir one;
     QTemporaryDir two;
@@ -281,33 +281,25 @@ void TestToolHosting::titleAndDirectoryFollowTheCurrentTool()
     QCOMPARE(window.windowTitle(), QStringLiteral("/tmp/renamed.c"));
     QCOMPARE(tabTexts(window), QStringList({"first.txt", "renamed.c*"}));
 
+    emit a->sigFileSaved("/tmp/saved-as.c");
+    QCOMPARE(window.recentFileList().first(), QStringLiteral("/tmp/saved-as.c"));
+    action("FILE > SAVE ALL")->trigger();
+    QVERIFY(a->saveCount == 1 && b->saveCount == 1);
+
+    window.onOpenFile("/tmp/c.c", 1);
+    FakeTool *c = fake(window.currentTool());
+    QWidget *corner = window.tabWidget()->cornerWidget(Qt::TopRightCorner);
+    QVERIFY(corner && QMetaObject::invokeMethod(corner, "sigCloseTool"));
+    QCOMPARE(c->closeRequests, 1);
+    QCOMPARE(tabTexts(window), QStringList({"first.txt", "renamed.c*"}));
     QAction *print = action("FILE > PRINT");
     print->setEnabled(true);
     action("FILE > CLOSE ALL")->trigger();
+    QVERIFY(a->closeRequests == 1 && b->closeRequests == 1);
     QVERIFY(window.tools().isEmpty());
     QCOMPARE(window.currentTool(), nullptr);
     QCOMPARE(window.windowTitle(), QStringLiteral("Source Editor"));
     QVERIFY(!print->isEnabled());
-}
-
-void TestToolHosting::fileCommandsReachTheirTools()
-{
-    MainWindow window({"/tmp/1.c"});
-    window.onOpenFile("/tmp/2.c", 1);
-    window.onOpenFile("/tmp/3.c", 1);
-    const QList<FakeTool *> tools = FakeControl::instance()->liveTools();
-    QWidget *corner = window.tabWidget()->cornerWidget(Qt::TopRightCorner);
-    QVERIFY(corner && QMetaObject::invokeMethod(corner, "sigCloseTool"));
-    QCOMPARE(tools[2]->closeRequests, 1);
-    QCOMPARE(tabTexts(window), QStringList({"1.c", "2.c"}));
-
-    emit tools[0]->sigFileSaved("/tmp/saved-as.c");
-    QCOMPARE(window.recentFileList().first(), QStringLiteral("/tmp/saved-as.c"));
-    action("FILE > SAVE ALL")->trigger();
-    QVERIFY(tools[0]->saveCount == 1 && tools[1]->saveCount == 1);
-    action("FILE > CLOSE ALL")->trigger();
-    QVERIFY(tools[0]->closeRequests == 1 && tools[1]->closeRequests == 1);
-    QCOMPARE(window.tabWidget()->count(), 0);
 }
 
 QTEST_MAIN(TestToolHosting)
