@@ -13,18 +13,13 @@ class TestClosing : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
+    void init() { FakeControl::instance()->reset(); }
     void closeCommandTrace_data();
     void closeCommandTrace();
     void windowClosesUnlessAToolRefuses_data();
     void windowClosesUnlessAToolRefuses();
     void activationChecksForChangedFiles();
 };
-
-void TestClosing::init()
-{
-    FakeControl::instance()->reset();
-}
 
 void TestClosing::closeCommandTrace_data()
 {
@@ -52,9 +47,10 @@ void TestClosing::windowClosesUnlessAToolRefuses_data()
 {
     QTest::addColumn<QStringList>("files");
     QTest::addColumn<int>("refusing"); // index into files, -1: none
+    const QStringList three{"/tmp/a.c", "/tmp/b.c", "/tmp/c.c"};
     QTest::newRow("no tool") << QStringList() << -1;
-    QTest::newRow("two agreeing tools") << QStringList{"/tmp/a.c", "/tmp/b.c"} << -1;
-    QTest::newRow("the middle one refuses") << QStringList{"/tmp/a.c", "/tmp/b.c", "/tmp/c.c"} << 1;
+    QTest::newRow("all agree") << three << -1;
+    QTest::newRow("the middle one refuses") << three << 1;
 }
 
 void TestClosing::windowClosesUnlessAToolRefuses()
@@ -89,9 +85,8 @@ void TestClosing::activationChecksForChangedFiles()
 
     window.onOpenFile("/tmp/a.c", 1);
     window.onOpenFile("/tmp/b.c", 1);
-    const QList<FakeTool *> tools = FakeControl::instance()->liveTools();
-    FakeTool *a = tools[0];
-    FakeTool *b = tools[1];
+    FakeTool *a = FakeControl::instance()->liveTools().value(0);
+    FakeTool *b = FakeControl::instance()->liveTools().value(1);
     a->changedOutside = true;
     const int bActivations = b->activateCount;
     QVERIFY(window.eventFilter(&window, &activate));
