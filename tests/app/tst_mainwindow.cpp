@@ -1,4 +1,5 @@
 #include "fakecontrol.h"
+#include "faketool.h"
 #include "mainwindow.h"
 #include "menuactionman.h"
 #include "messagelog.h"
@@ -6,13 +7,15 @@
 
 #include <QAction>
 #include <QDialog>
+#include <QEvent>
 #include <QMenu>
 #include <QMenuBar>
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QTest>
 
-// The frame of the main window with no tool, and its small commands.
+// The frame of the main window, its small commands, window activation (the
+// external-change check) and closing the window.
 class TestMainWindow : public QObject
 {
     Q_OBJECT
@@ -21,6 +24,11 @@ private Q_SLOTS:
     void init() { FakeControl::instance()->reset(); }
     void emptyFrameTogglesStatusBarAndExits();
     void optionRunsTheDialogModallyThenTraces();
+    void closeCommandTrace_data();
+    void closeCommandTrace();
+    void windowClosesUnlessAToolRefuses_data();
+    void windowClosesUnlessAToolRefuses();
+    void activationChecksForChangedFiles();
 };
 
 void TestMainWindow::emptyFrameTogglesStatusBarAndExits()
@@ -67,6 +75,90 @@ void TestMainWindow::optionRunsTheDialogModallyThenTraces()
     QCOMPARE(watcher.seen.first().className, QStringLiteral("OptDlg"));
     QCOMPARE(tracesWhileOpen, 0);
     QCOMPARE(log.count("Menu Item: onToolsOption."), 1);
+}
+
+void TestMainWindow::closeCommandTrace_data()
+{
+    QTest::addColumn<QString>("front");
+    QTest::addColumn<int>("traces");
+    QTest::newRow("no tab") << "none" << 1;
+    QTest::newRow("a tool") << "tool" << 1;
+    QTest::newRow("a widget that is no tool") << "widget" << 0;
+}
+
+void TestMainWindow::closeCommandTrace()
+{
+    QFETCH(QString, front);
+    QFETCH(int, traces);
+    MainWindow window(front == "tool" ? QStringList{"/tmp/a.c"} : QStringList());
+    if (front == "widget")
+        window.tabWidget()->addTab(new QWidget, "plain");
+    MessageLog log;
+    window.onFileClose();
+    QCOMPARE(log.count("Menu Item: onFileClose."), traces);
+    QCOMPARE(window.tabWidget()->count(), front == "widget" ? 1 : 0);
+}
+
+void TestMainWindow::windowClosesUnlessAToolRefuses_data()
+{
+    QTest::addColumn<QStringList>("files");
+    QTest::addColumn<int>("refusing"); // index into files, -1: none
+    const QStringList three{"/tmp/a.c", "/tmp/b.c", "/tmp/c.c"};
+    QTest::newRow("no tool") << QStringList() << -1;
+    QTest::newRow("all agree") << three << -1;
+    QTest::newRow("the middle one refuses") << three << 1;
+}
+
+void TestMainWindow::windowClosesUnlessAToolRefuses()
+{
+    QFETCH(QStringList, files);
+    QFETCH(int, refusing);
+    FakeControl::instance()->configure = [&](FakeTool *tool, const QStringList &args) {
+        tool->refuseClose = args.value(0) == files.value(refusing);
+    };
+    MainWindow window({});
+    for (const QString &file : files)
+        window.onOpenFile(file, 1);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    const QList<FakeTool *> tools = FakeControl::instance()->liveTools();
+    QCOMPARE(window.close(), refusing < 0);
+    QCOMPARE(window.isVisible(), refusing >= 0);
+    QCOMPARE(window.tools(), refusing < 0 ? QList<QWidget *>() : QList<QWidget *>{tools[refusing]});
+    for (FakeTool *tool : tools)
+        QCOMPARE(tool->closeRequests, 1);
+    // The tools that closed dispose of themselves.
+    QTRY_COMPARE(FakeControl::instance()->liveTools().size(), refusing < 0 ? 0 : 1);
+}
+
+void TestMainWindow::activationChecksForChangedFiles()
+{
+    MessageLog log;
+    MainWindow window({});
+    QEvent activate(QEvent::WindowActivate);
+    QCoreApplication::sendEvent(&window, &activate);
+    QCOMPARE(log.count("====check file changed==="), 0); // no tool, no check
+
+    window.onOpenFile("/tmp/a.c", 1);
+    window.onOpenFile("/tmp/b.c", 1);
+    FakeTool *a = FakeControl::instance()->liveTools().value(0);
+    FakeTool *b = FakeControl::instance()->liveTools().value(1);
+    a->changedOutside = true;
+    const int bActivations = b->activateCount;
+    QVERIFY(window.eventFilter(&window, &activate));
+    QCOMPARE(window.tabWidget()->currentWidget(), a);
+    QCOMPARE(b->activateCount, bActivations);
+    QCOMPARE(log.count("====check file changed==="), 1);
+
+    // The same change is reported once: later activations only activate.
+    const int activations = a->activateCount;
+    QVERIFY(!window.eventFilter(&window, &activate));
+    QCoreApplication::sendEvent(&window, &activate);
+    QCOMPARE(log.count("====check file changed==="), 3);
+    QCOMPARE(a->activateCount, activations + 2);
+    QEvent other(QEvent::WindowDeactivate);
+    QCoreApplication::sendEvent(&window, &other);
+    QCOMPARE(a->activateCount, activations + 2);
 }
 
 QTEST_MAIN(TestMainWindow)
