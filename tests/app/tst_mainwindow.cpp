@@ -22,8 +22,7 @@ class TestMainWindow : public QObject
 
 private Q_SLOTS:
     void init() { FakeControl::instance()->reset(); }
-    void emptyFrameTogglesStatusBarAndExits();
-    void optionRunsTheDialogModallyThenTraces();
+    void emptyFrameAndItsSmallCommands();
     void closeCommandTrace_data();
     void closeCommandTrace();
     void windowClosesUnlessAToolRefuses_data();
@@ -31,7 +30,7 @@ private Q_SLOTS:
     void activationChecksForChangedFiles();
 };
 
-void TestMainWindow::emptyFrameTogglesStatusBarAndExits()
+void TestMainWindow::emptyFrameAndItsSmallCommands()
 {
     MessageLog log;
     ModalWatcher watcher;
@@ -54,27 +53,22 @@ void TestMainWindow::emptyFrameTogglesStatusBarAndExits()
     statusBar->trigger();
     QVERIFY(window.statusBar()->isVisible());
 
-    registry->findShellAction("FILE > EXIT")->trigger();
-    QVERIFY(!window.isVisible());
-    const qsizetype closeAll = log.messages.indexOf("Menu Item: onFileCloseAll.");
-    QVERIFY(closeAll >= 0 && log.messages.indexOf("Menu Item: onFileExit.") > closeAll);
-}
-
-void TestMainWindow::optionRunsTheDialogModallyThenTraces()
-{
-    MessageLog log;
-    ModalWatcher watcher;
+    // The options dialog runs modally; the trace comes after it closes.
     int tracesWhileOpen = -1;
     watcher.handler = [&](QWidget *modal) {
         tracesWhileOpen = log.count("Menu Item: onToolsOption.");
         static_cast<QDialog *>(modal)->reject();
     };
-    MainWindow window({});
-    MenuActionMan::instance()->findShellAction("HELP > OPTION")->trigger();
+    registry->findShellAction("HELP > OPTION")->trigger();
     QCOMPARE(watcher.seen.size(), 1);
     QCOMPARE(watcher.seen.first().className, QStringLiteral("OptDlg"));
     QCOMPARE(tracesWhileOpen, 0);
     QCOMPARE(log.count("Menu Item: onToolsOption."), 1);
+
+    registry->findShellAction("FILE > EXIT")->trigger();
+    QVERIFY(!window.isVisible());
+    const qsizetype closeAll = log.messages.indexOf("Menu Item: onFileCloseAll.");
+    QVERIFY(closeAll >= 0 && log.messages.indexOf("Menu Item: onFileExit.") > closeAll);
 }
 
 void TestMainWindow::closeCommandTrace_data()
@@ -104,7 +98,6 @@ void TestMainWindow::windowClosesUnlessAToolRefuses_data()
     QTest::addColumn<QStringList>("files");
     QTest::addColumn<int>("refusing"); // index into files, -1: none
     const QStringList three{"/tmp/a.c", "/tmp/b.c", "/tmp/c.c"};
-    QTest::newRow("no tool") << QStringList() << -1;
     QTest::newRow("all agree") << three << -1;
     QTest::newRow("the middle one refuses") << three << 1;
 }
