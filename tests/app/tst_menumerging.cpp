@@ -67,7 +67,6 @@ private Q_SLOTS:
     void toolActionsAtThePlaceholder_data();
     void toolActionsAtThePlaceholder();
     void oddRecordsAreSkippedOrWarned();
-    void toolWithoutConnectionListIsHostedUnwired_data();
     void toolWithoutConnectionListIsHostedUnwired();
     void addition_data();
     void addition();
@@ -165,30 +164,21 @@ void TestMenuMerging::oddRecordsAreSkippedOrWarned()
     fallback->setEnabled(true);
 }
 
-void TestMenuMerging::toolWithoutConnectionListIsHostedUnwired_data()
-{
-    QTest::addColumn<bool>("published");
-    QTest::newRow("list published") << true;
-    QTest::newRow("no list") << false;
-}
-
 void TestMenuMerging::toolWithoutConnectionListIsHostedUnwired()
 {
-    QFETCH(bool, published);
-    FakeControl::instance()->configure = [=](FakeTool *tool, const QStringList &) {
+    FakeControl::instance()->configure = [](FakeTool *tool, const QStringList &) {
         tool->addConnection("COPY", "2triggered()", nullptr, "1onCommand()");
-        tool->publishConnections = published;
+        tool->publishConnections = false;
     };
     MessageLog log;
     MainWindow window({"/tmp/a.c"});
     window.onOpenFile("/tmp/b.c", 1);
     QCOMPARE(window.tools().size(), 2);
-    QCOMPARE(log.count("MainWindow::registerSharedMenus"), published ? 2 : 0);
-    FakeTool *b = FakeControl::instance()->liveTools().value(1);
+    QCOMPARE(log.count("MainWindow::registerSharedMenus"), 0);
     QAction *copy = MenuActionMan::instance()->findToolAction("EDIT > COPY");
     copy->setEnabled(true);
     copy->trigger();
-    QCOMPARE(b->commandsReceived, published ? 1 : 0);
+    QCOMPARE(FakeControl::instance()->liveTools().value(1)->commandsReceived, 0);
 }
 
 void TestMenuMerging::addition_data()
