@@ -29,9 +29,7 @@ FakeTool *fake(QWidget *widget)
 QString touch(const QTemporaryDir &dir, const QString &name)
 {
     QFile file(dir.filePath(name));
-    if (!file.open(QIODevice::WriteOnly))
-        qFatal("cannot create %s", qPrintable(file.fileName()));
-    return file.fileName();
+    return file.open(QIODevice::WriteOnly) ? file.fileName() : QString();
 }
 
 QAction *action(const char *key)
@@ -56,26 +54,19 @@ class TestToolHosting : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup() { QDir::setCurrent(m_startDir); }
+    void init()
+    {
+        FakeControl::instance()->reset();
+        BaseUsrSettings("SRC_EDITOR").clear();
+    }
+    void cleanup() { QDir::setCurrent(QCoreApplication::applicationDirPath()); }
     void pluginLoadsFromProgramFolderWhateverTheCurrentDirectory();
     void commandsAskTheFactory_data();
     void commandsAskTheFactory();
     void openThreeFilesFromOneDialog_data();
     void openThreeFilesFromOneDialog();
     void closingAnEarlierTabKeepsTheCurrentToolWiredOnce();
-    void toolsInFrontAndTheFileCommands();
-
-private:
-    QString m_startDir;
 };
-
-void TestToolHosting::init()
-{
-    FakeControl::instance()->reset();
-    BaseUsrSettings("SRC_EDITOR").clear();
-    m_startDir = QDir::currentPath();
-}
 
 void TestToolHosting::pluginLoadsFromProgramFolderWhateverTheCurrentDirectory()
 {
@@ -209,63 +200,41 @@ void TestToolHosting::openThreeFilesFromOneDialog()
     QCOMPARE(window.recentFileList(), QStringList({paths[2], paths[1], paths[0]}));
 }
 
-// Switching tools moves the links; closing the earlier tab then changes the
-// current index while the tool in front stays: its links are dropped and made
-// again, never doubled, never lost.
+// The tool in front drives the shared actions, the title and the working
+// directory. Closing an earlier tab changes the current index while the tool
+// in front stays: its links are dropped and made again, never doubled, never
+// lost. Closing the last tool resets the title and the tool actions.
 void TestToolHosting::closingAnEarlierTabKeepsTheCurrentToolWiredOnce()
 {
-    FakeControl::instance()->configure = [](FakeTool *tool, const QStringList &args) {
+    QTemporaryDir one;
+    QTemporaryDir two;
+    const QString first = touch(one, "first.txt");
+    const QString second = touch(two, "second.txt");
+    FakeControl::instance()->configure = [&](FakeTool *tool, const QStringList &args) {
         wireCopy(tool, args);
-        if (args.value(0) == "/tmp/a.c") // only the first tool drives CUT
+        if (args.value(0) == first) // only the first tool drives CUT
             tool->addConnection(nullptr, "2stateChanged(bool)", "cut", "1setEnabled(bool)");
     };
     QAction *copy = action("EDIT > COPY");
     QAction *cut = action("EDIT > CUT");
-    MainWindow window({"/tmp/a.c"});
+    MainWindow window({first});
     FakeTool *a = fake(window.currentTool());
     emit a->stateChanged(true);
     QVERIFY(copy->isEnabled() && cut->isEnabled());
 
-    window.onOpenFile("/tmp/b.c", 1);
+    window.onOpenFile(second, 1);
     FakeTool *b = fake(window.currentTool());
+    QCOMPARE(window.windowTitle(), second);
+    QCOMPARE(QDir::currentPath(), QDir(two.path()).canonicalPath());
     QVERIFY(!copy->isEnabled() && !cut->isEnabled());
     emit a->stateChanged(true);
     QVERIFY(!copy->isEnabled() && !cut->isEnabled());
     emit b->stateChanged(true);
     QVERIFY(copy->isEnabled() && !cut->isEnabled());
     copy->trigger();
-    QCOMPARE(b->commandsReceived, 1);
-    QCOMPARE(a->commandsReceived, 0);
+    QVERIFY(a->commandsReceived == 0 && b->commandsReceived == 1);
 
-    emit a->sigToolClose(a);
-    QCOMPARE(window.tools(), QList<QWidget *>{b});
-    QCOMPARE(window.tabWidget()->currentIndex(), 0);
-    QCOMPARE(window.currentTool(), b);
-    emit b->stateChanged(false);
-    QVERIFY(!copy->isEnabled());
-    emit b->stateChanged(true);
-    QVERIFY(copy->isEnabled());
-    copy->trigger();
-    QCOMPARE(b->commandsReceived, 2);
-}
-
-// The tools' signals bring them to the front, which moves the title and the
-// working directory; the file commands reach the tools; closing the last one
-// resets the title and the tool actions.
-void TestToolHosting::toolsInFrontAndTheFileCommands()
-{
-    QTemporaryDir one;
-    QTemporaryDir two;
-    const QString first = touch(one, "first.txt");
-    const QString second = touch(two, "second.txt");
-    MainWindow window({first});
-    FakeTool *a = fake(window.currentTool());
-    window.onOpenFile(second, 1);
-    FakeTool *b = fake(window.currentTool());
-    QCOMPARE(window.windowTitle(), second);
-    QCOMPARE(QDir::currentPath(), QDir(two.path()).canonicalPath());
     const int activations = a->activateCount;
-
     emit a->sigActiveWidget(a);
     QCOMPARE(window.currentTool(), a);
     QCOMPARE(window.windowTitle(), first);
@@ -280,22 +249,32 @@ void TestToolHosting::toolsInFrontAndTheFileCommands()
     emit b->sigTitleChange(b);
     QCOMPARE(window.windowTitle(), QStringLiteral("/tmp/renamed.c"));
     QCOMPARE(tabTexts(window), QStringList({"first.txt", "renamed.c*"}));
-
     emit a->sigFileSaved("/tmp/saved-as.c");
     QCOMPARE(window.recentFileList().first(), QStringLiteral("/tmp/saved-as.c"));
     action("FILE > SAVE ALL")->trigger();
     QVERIFY(a->saveCount == 1 && b->saveCount == 1);
+
+    emit a->sigToolClose(a);
+    QCOMPARE(window.tools(), QList<QWidget *>{b});
+    QCOMPARE(window.tabWidget()->currentIndex(), 0);
+    QCOMPARE(window.currentTool(), b);
+    emit b->stateChanged(false);
+    QVERIFY(!copy->isEnabled());
+    emit b->stateChanged(true);
+    QVERIFY(copy->isEnabled());
+    copy->trigger();
+    QCOMPARE(b->commandsReceived, 2);
 
     window.onOpenFile("/tmp/c.c", 1);
     FakeTool *c = fake(window.currentTool());
     QWidget *corner = window.tabWidget()->cornerWidget(Qt::TopRightCorner);
     QVERIFY(corner && QMetaObject::invokeMethod(corner, "sigCloseTool"));
     QCOMPARE(c->closeRequests, 1);
-    QCOMPARE(tabTexts(window), QStringList({"first.txt", "renamed.c*"}));
+    QCOMPARE(tabTexts(window), QStringList{"renamed.c*"});
     QAction *print = action("FILE > PRINT");
     print->setEnabled(true);
     action("FILE > CLOSE ALL")->trigger();
-    QVERIFY(a->closeRequests == 1 && b->closeRequests == 1);
+    QCOMPARE(b->closeRequests, 1);
     QVERIFY(window.tools().isEmpty());
     QCOMPARE(window.currentTool(), nullptr);
     QCOMPARE(window.windowTitle(), QStringLiteral("Source Editor"));
