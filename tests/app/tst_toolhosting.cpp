@@ -39,13 +39,6 @@ QAction *action(const char *key)
     return shell != registry->getDefaultAction() ? shell : registry->findToolAction(key);
 }
 
-// Every tool drives COPY's enabled state and receives its trigger.
-void wireCopy(FakeTool *tool, const QStringList &)
-{
-    tool->addConnection(nullptr, "2stateChanged(bool)", "COPY", "1setEnabled(bool)");
-    tool->addConnection("Copy", "2triggered()", nullptr, "1onCommand()");
-}
-
 } // namespace
 
 // Loading the factory, tools in tabs, the active tool and the file commands.
@@ -211,7 +204,9 @@ void TestToolHosting::closingAnEarlierTabKeepsTheCurrentToolWiredOnce()
     const QString first = touch(one, "first.txt");
     const QString second = touch(two, "second.txt");
     FakeControl::instance()->configure = [&](FakeTool *tool, const QStringList &args) {
-        wireCopy(tool, args);
+        // Every tool drives COPY's enabled state and receives its trigger.
+        tool->addConnection(nullptr, "2stateChanged(bool)", "COPY", "1setEnabled(bool)");
+        tool->addConnection("Copy", "2triggered()", nullptr, "1onCommand()");
         if (args.value(0) == first) // only the first tool drives CUT
             tool->addConnection(nullptr, "2stateChanged(bool)", "cut", "1setEnabled(bool)");
     };
