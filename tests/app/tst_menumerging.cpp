@@ -71,8 +71,6 @@ private Q_SLOTS:
     void addition_data();
     void addition();
     void subMenusAreBuiltOnce();
-    void choosingAnEntryOpensIt_data();
-    void choosingAnEntryOpensIt();
 };
 
 void TestMenuMerging::initTestCase()
@@ -209,8 +207,8 @@ void TestMenuMerging::addition()
     QCOMPARE(adding.recentFileList(), expected);
 }
 
-// Recent Files shows fifteen numbered entries; rebuilds keep one copy of each
-// sub-menu, and the separator in EXTRAS does not show.
+// Recent Files shows fifteen numbered entries that open their file; rebuilds
+// keep one copy of each sub-menu, and the separator in EXTRAS does not show.
 void TestMenuMerging::subMenusAreBuiltOnce()
 {
     MainWindow window({});
@@ -234,28 +232,17 @@ void TestMenuMerging::subMenusAreBuiltOnce()
     shown = shownEntries(loaded);
     QCOMPARE(shown[0]->text(), QStringLiteral("&1 /p10"));
     QCOMPARE(shown[1]->text(), QStringLiteral("&2 /p1"));
-}
 
-void TestMenuMerging::choosingAnEntryOpensIt_data()
-{
-    QTest::addColumn<bool>("opens");
-    QTest::addColumn<QStringList>("stored"); // after choosing the third entry
-    QTest::newRow("opened: to the front") << true << QStringList{"/c", "/a", "/b"};
-    QTest::newRow("failed: unchanged") << false << QStringList{"/a", "/b", "/c"};
-}
-
-void TestMenuMerging::choosingAnEntryOpensIt()
-{
-    QFETCH(bool, opens);
-    QFETCH(QStringList, stored);
-    BaseUsrSettings("SRC_EDITOR").setValue(key, QStringList{"/a", "/b", "/c"});
-    FakeControl::instance()->returnNull = !opens;
-    MainWindow window({});
-    window.updateMenu();
-    shownEntries(window).value(2)->trigger();
-    QCOMPARE(FakeControl::instance()->createCalls, QList<QStringList>{{"/c"}});
-    QCOMPARE(window.tools().size(), opens ? 1 : 0);
-    QCOMPARE(storedList(), stored);
+    // Choosing an entry opens it; only an opened file moves to the front.
+    const QStringList before = storedList();
+    FakeControl::instance()->returnNull = true;
+    shown[2]->trigger();
+    QCOMPARE(storedList(), before);
+    FakeControl::instance()->returnNull = false;
+    shown[2]->trigger();
+    QCOMPARE(FakeControl::instance()->createCalls, QList<QStringList>({{"/p2"}, {"/p2"}}));
+    QCOMPARE(loaded.tools().size(), 1);
+    QCOMPARE(storedList().first(), QStringLiteral("/p2"));
 }
 
 QTEST_MAIN(TestMenuMerging)
