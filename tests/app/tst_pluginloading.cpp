@@ -6,7 +6,7 @@
 #include <QFileDialog>
 #include <QMenu>
 #include <QTabWidget>
-#include <QTemporaryDir>
+#include <QTemporaryFile>
 #include <QTest>
 
 // Start-up without a usable tool factory, built three times, each in a folder
@@ -22,11 +22,9 @@ private Q_SLOTS:
 
 void TestPluginLoading::failureIsReportedAndCommandsDoNothing()
 {
-    QTemporaryDir dir;
-    const QString path = dir.filePath("some.txt");
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.close();
+    QTemporaryFile file;
+    QVERIFY(file.open());
+    const QString path = file.fileName();
     MessageLog log;
     ModalWatcher watcher;
     MainWindow window({path});
