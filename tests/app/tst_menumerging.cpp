@@ -100,7 +100,6 @@ void TestMenuMerging::toolActionsAtThePlaceholder_data()
     QTest::newRow("file") << 0 << true << "Print|-|-|Exit";
     QTest::newRow("edit") << 1 << true << "Select All|-|Comment|Indent|After";
     QTest::newRow("view") << 2 << true << "Status Bar|-|Wrap";
-    QTest::newRow("tools") << 3 << true << "Option...|[EXTRAS]";
     QTest::newRow("edit, none offered: no separator") << 1 << false << "Select All|After";
 }
 
@@ -155,11 +154,6 @@ void TestMenuMerging::oddRecordsAreSkippedOrWarned()
     QVERIFY(!fallback->isEnabled());
     emit tool->stateChanged(true);
     QVERIFY(fallback->isEnabled());
-
-    // Leaving the tool disables what it drove, the stand-by action included.
-    window.onNewFile();
-    QVERIFY(!fallback->isEnabled());
-    fallback->setEnabled(true);
 }
 
 void TestMenuMerging::toolWithoutConnectionListIsHostedUnwired()
