@@ -66,8 +66,7 @@ private Q_SLOTS:
     }
     void toolActionsAtThePlaceholder_data();
     void toolActionsAtThePlaceholder();
-    void oddRecordsAreSkippedOrWarned();
-    void toolWithoutConnectionListIsHostedUnwired();
+    void oddRecordsAndToolWithoutConnectionList();
     void addition_data();
     void addition();
     void subMenusAreBuiltOnce();
@@ -126,25 +125,25 @@ void TestMenuMerging::toolActionsAtThePlaceholder()
         QVERIFY2(asked == 1 || asked == 2, "only Edit and View ask the tool");
 }
 
-void TestMenuMerging::oddRecordsAreSkippedOrWarned()
+// Records with both keys set are skipped, with both keys null the tool drives
+// the stand-by action, a key resolving to null warns and the loop goes on; a
+// tool without a connection list is hosted unwired.
+void TestMenuMerging::oddRecordsAndToolWithoutConnectionList()
 {
     MenuActionMan *registry = MenuActionMan::instance();
     registry->getAction("Nowhere", 0); // leaves a null entry under NOWHERE
-    FakeControl::instance()->configure = [](FakeTool *tool, const QStringList &) {
-        tool->addConnection("COPY", "2triggered()", "PASTE", "1onCommand()"); // skipped
-        // Both keys null: the tool drives the stand-by action.
+    FakeControl::instance()->configure = [](FakeTool *tool, const QStringList &args) {
+        tool->publishConnections = !args.isEmpty(); // a new file publishes none
+        tool->addConnection("COPY", "2triggered()", "PASTE", "1onCommand()");
         tool->addConnection(nullptr, "2stateChanged(bool)", nullptr, "1setEnabled(bool)");
-        // A key resolving to null warns; the loop goes on.
         tool->addConnection(nullptr, "2stateChanged(bool)", "Nowhere", "1setEnabled(bool)");
         tool->addConnection("Nowhere", "2triggered()", nullptr, "1onCommand()");
         tool->addConnection("COPY", "2triggered()", nullptr, "1onCommand()");
     };
     QAction *fallback = registry->getDefaultAction();
-    fallback->setEnabled(true);
     MessageLog log;
     MainWindow window({"/tmp/a.c"});
     QCOMPARE(log.count("MainWindow::registerToolMenuItems: Cannot get menu action Nowhere."), 2);
-
     FakeTool *tool = FakeControl::instance()->liveTools().value(0);
     QAction *copy = registry->findToolAction("EDIT > COPY");
     copy->setEnabled(true);
@@ -154,23 +153,14 @@ void TestMenuMerging::oddRecordsAreSkippedOrWarned()
     QVERIFY(!fallback->isEnabled());
     emit tool->stateChanged(true);
     QVERIFY(fallback->isEnabled());
-}
 
-void TestMenuMerging::toolWithoutConnectionListIsHostedUnwired()
-{
-    FakeControl::instance()->configure = [](FakeTool *tool, const QStringList &) {
-        tool->addConnection("COPY", "2triggered()", nullptr, "1onCommand()");
-        tool->publishConnections = false;
-    };
-    MessageLog log;
-    MainWindow window({"/tmp/a.c"});
-    window.onOpenFile("/tmp/b.c", 1);
+    window.onNewFile();
     QCOMPARE(window.tools().size(), 2);
-    QCOMPARE(log.count("MainWindow::registerSharedMenus"), 0);
-    QAction *copy = MenuActionMan::instance()->findToolAction("EDIT > COPY");
+    QCOMPARE(log.count("MainWindow::registerSharedMenus"), 1);
     copy->setEnabled(true);
     copy->trigger();
     QCOMPARE(FakeControl::instance()->liveTools().value(1)->commandsReceived, 0);
+    QCOMPARE(tool->commandsReceived, 1);
 }
 
 void TestMenuMerging::addition_data()
