@@ -1,4 +1,5 @@
 #include "fakecontrol.h"
+#include "faketool.h"
 #include "mainwindow.h"
 #include "menuactionman.h"
 #include "messagelog.h"
@@ -6,138 +7,149 @@
 
 #include <QAction>
 #include <QDialog>
+#include <QEvent>
 #include <QMenu>
 #include <QMenuBar>
-#include <QMetaMethod>
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QTest>
-#include <QToolBar>
 
-// The frame of the main window: what it shows with no tool and its small
-// commands.
+// The frame of the main window, its small commands, window activation (the
+// external-change check) and closing the window.
 class TestMainWindow : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void startsEmptyWithTitleStatusAndFourMenus();
-    void shownFrameHasToolBarsTogglesStatusBarAndExits();
-    void optionRunsTheDialogModallyThenTraces();
-    void metaObjectMethods();
+    void init() { FakeControl::instance()->reset(); }
+    void emptyFrameAndItsSmallCommands();
+    void closeCommandTrace_data();
+    void closeCommandTrace();
+    void windowClosesUnlessAToolRefuses_data();
+    void windowClosesUnlessAToolRefuses();
+    void activationChecksForChangedFiles();
 };
 
-void TestMainWindow::init()
-{
-    FakeControl::instance()->reset();
-}
-
-void TestMainWindow::startsEmptyWithTitleStatusAndFourMenus()
-{
-    ModalWatcher watcher;
-    MainWindow window({});
-    QCOMPARE(window.windowTitle(), QStringLiteral("Source Editor"));
-    QCOMPARE(window.statusBar()->currentMessage(), QStringLiteral("Ready"));
-    QCOMPARE(window.tabWidget()->count(), 0);
-    QVERIFY(window.tabWidget()->cornerWidget(Qt::TopRightCorner));
-    QVERIFY(window.toolFactory());
-    QVERIFY(FakeControl::instance()->createCalls.isEmpty());
-    QVERIFY(watcher.seen.isEmpty());
-
-    QStringList titles;
-    for (int index = 0; QMenu *menu = window.menu(index); ++index) {
-        QCOMPARE(window.menuBar()->actions().at(index)->menu(), menu);
-        titles.append(menu->title());
-    }
-    QCOMPARE(titles, QStringList({"&File", "&Edit", "&View", "&Tools"}));
-    QCOMPARE(window.menuBar()->actions().size(), 4);
-}
-
-void TestMainWindow::shownFrameHasToolBarsTogglesStatusBarAndExits()
+void TestMainWindow::emptyFrameAndItsSmallCommands()
 {
     MessageLog log;
+    ModalWatcher watcher;
     MainWindow window({});
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QCOMPARE(window.windowTitle(), QStringLiteral("Source Editor"));
+    QCOMPARE(window.statusBar()->currentMessage(), QStringLiteral("Ready"));
+    QCOMPARE(window.tabWidget()->count(), 0);
+    QVERIFY(FakeControl::instance()->createCalls.isEmpty() && watcher.seen.isEmpty());
+    QCOMPARE(window.menuBar()->actions().size(), 4);
+    for (int index = 0; index < 4; ++index)
+        QCOMPARE(window.menuBar()->actions().at(index)->menu(), window.menu(index));
 
-    MenuActionMan *r = MenuActionMan::instance();
-    const QMap<QString, QList<QAction *>> expected{
-        {"File",
-         {r->findShellAction("FILE > NEW"), r->findShellAction("FILE > OPEN"),
-          r->findToolAction("FILE > SAVE"), r->findShellAction("FILE > SAVE ALL"),
-          r->findToolAction("FILE > PRINT")}},
-        {"Edit",
-         {r->findToolAction("EDIT > UNDO"), r->findToolAction("EDIT > REDO"),
-          r->findToolAction("EDIT > CUT"), r->findToolAction("EDIT > COPY"),
-          r->findToolAction("EDIT > PASTE")}}};
-    QMap<QString, QList<QAction *>> visible;
-    for (QToolBar *bar : window.findChildren<QToolBar *>()) {
-        if (bar->isVisible())
-            visible.insert(bar->windowTitle(), bar->actions());
-    }
-    QCOMPARE(visible, expected);
-
-    QAction *statusBar = r->findShellAction("VIEW > STATUS BAR");
+    MenuActionMan *registry = MenuActionMan::instance();
+    QAction *statusBar = registry->findShellAction("VIEW > STATUS BAR");
     QVERIFY(window.statusBar()->isVisible());
     statusBar->trigger();
     QVERIFY(!window.statusBar()->isVisible());
     statusBar->trigger();
     QVERIFY(window.statusBar()->isVisible());
 
-    r->findShellAction("FILE > EXIT")->trigger();
-    QVERIFY(!window.isVisible());
-    const qsizetype closeAll = log.messages.indexOf("Menu Item: onFileCloseAll.");
-    QVERIFY(closeAll >= 0);
-    QVERIFY(log.messages.indexOf("Menu Item: onFileExit.") > closeAll);
-}
-
-void TestMainWindow::optionRunsTheDialogModallyThenTraces()
-{
-    MessageLog log;
-    ModalWatcher watcher;
+    // The options dialog runs modally; the trace comes after it closes.
     int tracesWhileOpen = -1;
     watcher.handler = [&](QWidget *modal) {
         tracesWhileOpen = log.count("Menu Item: onToolsOption.");
         static_cast<QDialog *>(modal)->reject();
     };
-    MainWindow window({});
-    MenuActionMan::instance()->findShellAction("HELP > OPTION")->trigger();
+    registry->findShellAction("HELP > OPTION")->trigger();
     QCOMPARE(watcher.seen.size(), 1);
     QCOMPARE(watcher.seen.first().className, QStringLiteral("OptDlg"));
     QCOMPARE(tracesWhileOpen, 0);
     QCOMPARE(log.count("Menu Item: onToolsOption."), 1);
+
+    registry->findShellAction("FILE > EXIT")->trigger();
+    QVERIFY(!window.isVisible());
+    const qsizetype closeAll = log.messages.indexOf("Menu Item: onFileCloseAll.");
+    QVERIFY(closeAll >= 0 && log.messages.indexOf("Menu Item: onFileExit.") > closeAll);
 }
 
-// Tools connect to the window by signature, so the methods and their order
-// are part of its interface: "S"/"s" signal/slot, "+"/"-" public/private.
-void TestMainWindow::metaObjectMethods()
+void TestMainWindow::closeCommandTrace_data()
 {
-    const QStringList expected =
-        QString::fromLatin1(
-            "S+sigCloseView() S+sigCrossProbing(QWidget*,QStringList):sender,args "
-            "S+sigOutputResult(QString) s-onWindowClose(QWidget*):view s-onFileHasOpened(void*) "
-            "s-onActiveWidget(koru::sedgui::SedGUI*) s-onTitleChange() s+onNewFile() "
-            "s+onOpenFile() "
-            "s+onOpenFile(QString,int) s+onFileClose() s+onFileCloseAll() s+onFileSaveAll() "
-            "s+onFileExit() s+onViewStatusBar() s+OnOptDlg() s+onCurrentChanged(int) "
-            "s+openRecentFile() s+onFileSaved(QString) s+onFileMenuAboutToShow() "
-            "s+onEditMenuAboutToShow() s+onViewMenuAboutToShow() s+onToolsMenuAboutToShow() "
-            "s+onHelpMenuAboutToShow() s+updateMenu() s+onHelpKoruHelp()")
-            .split(u' ');
-    const QMetaObject &meta = MainWindow::staticMetaObject;
-    QStringList actual;
-    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
-        const QMetaMethod method = meta.method(i);
-        QString line = QLatin1String(method.methodType() == QMetaMethod::Signal ? "S" : "s") +
-                       QLatin1String(method.access() == QMetaMethod::Public ? "+" : "-") +
-                       QString::fromLatin1(method.methodSignature());
-        const QByteArray names = method.parameterNames().join(',');
-        if (names == "sender,args" || names == "view")
-            line += u':' + QString::fromLatin1(names);
-        actual.append(line);
-    }
-    QCOMPARE(actual, expected);
+    QTest::addColumn<QString>("front");
+    QTest::addColumn<int>("traces");
+    QTest::newRow("no tab") << "none" << 1;
+    QTest::newRow("a tool") << "tool" << 1;
+    QTest::newRow("a widget that is no tool") << "widget" << 0;
+}
+
+void TestMainWindow::closeCommandTrace()
+{
+    QFETCH(QString, front);
+    QFETCH(int, traces);
+    MainWindow window(front == "tool" ? QStringList{"/tmp/a.c"} : QStringList());
+    if (front == "widget")
+        window.tabWidget()->addTab(new QWidget, "plain");
+    MessageLog log;
+    window.onFileClose();
+    QCOMPARE(log.count("Menu Item: onFileClose."), traces);
+    QCOMPARE(window.tabWidget()->count(), front == "widget" ? 1 : 0);
+}
+
+void TestMainWindow::windowClosesUnlessAToolRefuses_data()
+{
+    QTest::addColumn<QStringList>("files");
+    QTest::addColumn<int>("refusing"); // index into files, -1: none
+    const QStringList three{"/tmp/a.c", "/tmp/b.c", "/tmp/c.c"};
+    QTest::newRow("all agree") << three << -1;
+    QTest::newRow("the middle one refuses") << three << 1;
+}
+
+void TestMainWindow::windowClosesUnlessAToolRefuses()
+{
+    QFETCH(QStringList, files);
+    QFETCH(int, refusing);
+    FakeControl::instance()->configure = [&](FakeTool *tool, const QStringList &args) {
+        tool->refuseClose = args.value(0) == files.value(refusing);
+    };
+    MainWindow window({});
+    for (const QString &file : files)
+        window.onOpenFile(file, 1);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    const QList<FakeTool *> tools = FakeControl::instance()->liveTools();
+    QCOMPARE(window.close(), refusing < 0);
+    QCOMPARE(window.isVisible(), refusing >= 0);
+    QCOMPARE(window.tools(), refusing < 0 ? QList<QWidget *>() : QList<QWidget *>{tools[refusing]});
+    for (FakeTool *tool : tools)
+        QCOMPARE(tool->closeRequests, 1);
+    // The tools that closed dispose of themselves.
+    QTRY_COMPARE(FakeControl::instance()->liveTools().size(), refusing < 0 ? 0 : 1);
+}
+
+void TestMainWindow::activationChecksForChangedFiles()
+{
+    MessageLog log;
+    MainWindow window({});
+    QEvent activate(QEvent::WindowActivate);
+    QCoreApplication::sendEvent(&window, &activate);
+    QCOMPARE(log.count("====check file changed==="), 0); // no tool, no check
+
+    window.onOpenFile("/tmp/a.c", 1);
+    window.onOpenFile("/tmp/b.c", 1);
+    FakeTool *a = FakeControl::instance()->liveTools().value(0);
+    FakeTool *b = FakeControl::instance()->liveTools().value(1);
+    a->changedOutside = true;
+    const int bActivations = b->activateCount;
+    QVERIFY(window.eventFilter(&window, &activate));
+    QCOMPARE(window.tabWidget()->currentWidget(), a);
+    QCOMPARE(b->activateCount, bActivations);
+
+    // The same change is reported once: later activations only activate.
+    const int activations = a->activateCount;
+    QVERIFY(!window.eventFilter(&window, &activate));
+    QCoreApplication::sendEvent(&window, &activate);
+    QCOMPARE(a->activateCount, activations + 2);
+    QEvent other(QEvent::WindowDeactivate);
+    QCoreApplication::sendEvent(&window, &other);
+    QCOMPARE(a->activateCount, activations + 2);
 }
 
 QTEST_MAIN(TestMainWindow)
