@@ -181,8 +181,12 @@ void KeyProbe::finish(const char *status)
     const QByteArray path = qgetenv("KEYPROBE_OUT");
     FILE *out = path.isEmpty() ? stdout : std::fopen(path.constData(), "w");
     if (out) {
-        std::fprintf(out, "status=%s keys=%lld median_ms=%.2f p99_ms=%.2f max_ms=%.2f\n", status,
-                     static_cast<long long>(n), median, at(0.99), n ? sorted.last() : 0.0);
+        // The document's size and lines show which editor took the keys.
+        std::fprintf(out,
+                     "status=%s keys=%lld median_ms=%.2f p99_ms=%.2f max_ms=%.2f doc_bytes=%d "
+                     "doc_lines=%d\n",
+                     status, static_cast<long long>(n), median, at(0.99), n ? sorted.last() : 0.0,
+                     m_editor ? m_editor->length() : -1, m_editor ? m_editor->lines() : -1);
         std::fflush(out);
     }
     // At once: the typed text must not lead to a "save changes?" question.
