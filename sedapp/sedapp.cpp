@@ -1,11 +1,11 @@
 #include "sedapp.h"
 
-#include "optionpages.h"
+#include "dialogs/userprompt.h"
+#include "options/optionpages.h"
 #include "optwidget.h"
 #include "sedgui.h"
 #include "templatetree.h"
 #include "toolargs.h"
-#include "userprompt.h"
 
 #include <QDir>
 #include <QMetaObject>

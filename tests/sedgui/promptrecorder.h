@@ -1,6 +1,6 @@
 #pragma once
 
-#include "userprompt.h"
+#include "dialogs/userprompt.h"
 
 #include <QList>
 

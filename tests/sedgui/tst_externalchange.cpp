@@ -1,6 +1,6 @@
 #include "../textcore/fileopsrunner.h"
-#include "editorsettings.h"
-#include "infobar.h"
+#include "dialogs/infobar.h"
+#include "options/editorsettings.h"
 #include "promptrecorder.h"
 #include "sedgui.h"
 #include "templatetree.h"

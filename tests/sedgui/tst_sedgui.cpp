@@ -1,5 +1,5 @@
 #include "../textcore/fileopsrunner.h"
-#include "infobar.h"
+#include "dialogs/infobar.h"
 #include "promptrecorder.h"
 #include "sedgui.h"
 

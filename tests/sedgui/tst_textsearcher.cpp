@@ -1,5 +1,5 @@
-#include "editorcommands.h"
-#include "textsearcher.h"
+#include "tool/editorcommands.h"
+#include "tool/textsearcher.h"
 
 #include <QSignalSpy>
 #include <QTest>

@@ -1,4 +1,4 @@
-#include "infobar.h"
+#include "dialogs/infobar.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

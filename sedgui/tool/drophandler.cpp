@@ -1,4 +1,4 @@
-#include "drophandler.h"
+#include "tool/drophandler.h"
 
 #include <QDragEnterEvent>
 #include <QDragMoveEvent>

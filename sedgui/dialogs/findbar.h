@@ -1,7 +1,7 @@
 #pragma once
 
 #include "sedguiexport.h"
-#include "textsearcher.h"
+#include "tool/textsearcher.h"
 
 #include <QFrame>
 

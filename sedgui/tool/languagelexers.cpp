@@ -1,4 +1,4 @@
-#include "languagelexers.h"
+#include "tool/languagelexers.h"
 
 #include <QHash>
 

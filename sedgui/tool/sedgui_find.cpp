@@ -1,7 +1,7 @@
-#include "editorcommands.h"
-#include "findbar.h"
-#include "gotodialog.h"
+#include "dialogs/findbar.h"
+#include "dialogs/gotodialog.h"
 #include "sedgui.h"
+#include "tool/editorcommands.h"
 
 #include <QBoxLayout>
 

@@ -1,8 +1,8 @@
-#include "drophandler.h"
-#include "editoractions.h"
-#include "editorcommands.h"
-#include "editorsettings.h"
+#include "options/editorsettings.h"
 #include "sedgui.h"
+#include "tool/drophandler.h"
+#include "tool/editoractions.h"
+#include "tool/editorcommands.h"
 
 #include <QPalette>
 

@@ -1,4 +1,4 @@
-#include "documentprinter.h"
+#include "tool/documentprinter.h"
 
 #include <QCoreApplication>
 #include <QFontDatabase>

@@ -1,4 +1,4 @@
-#include "textsearcher.h"
+#include "tool/textsearcher.h"
 
 #include <QRegularExpression>
 

@@ -1,4 +1,4 @@
-#include "findbar.h"
+#include "dialogs/findbar.h"
 
 #include <QCheckBox>
 #include <QGridLayout>

@@ -1,6 +1,6 @@
-#include "filesoptionspage.h"
+#include "options/filesoptionspage.h"
 
-#include "optionpages.h"
+#include "options/optionpages.h"
 #include "textfilecodec.h"
 
 #include <QCheckBox>

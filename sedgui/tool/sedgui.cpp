@@ -1,13 +1,13 @@
 #include "sedgui.h"
 
 #include "connection.h"
-#include "documentstate.h"
-#include "editorcommands.h"
-#include "editorsettings.h"
-#include "infobar.h"
+#include "dialogs/infobar.h"
+#include "dialogs/userprompt.h"
+#include "options/editorsettings.h"
 #include "templatetree.h"
+#include "tool/documentstate.h"
+#include "tool/editorcommands.h"
 #include "toolargs.h"
-#include "userprompt.h"
 
 #include <QApplication>
 #include <QClipboard>

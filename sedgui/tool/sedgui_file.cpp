@@ -1,14 +1,14 @@
-#include "documentstate.h"
-#include "editorsettings.h"
+#include "dialogs/infobar.h"
+#include "dialogs/userprompt.h"
 #include "filereader.h"
-#include "infobar.h"
-#include "languagelexers.h"
 #include "languages.h"
+#include "options/editorsettings.h"
 #include "safesaver.h"
 #include "sedgui.h"
 #include "templatetree.h"
 #include "textfilecodec.h"
-#include "userprompt.h"
+#include "tool/documentstate.h"
+#include "tool/languagelexers.h"
 
 #include <QDir>
 #include <QFileInfo>

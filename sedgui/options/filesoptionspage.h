@@ -1,6 +1,6 @@
 #pragma once
 
-#include "editorsettings.h"
+#include "options/editorsettings.h"
 #include "optwidget.h"
 
 class QCheckBox;

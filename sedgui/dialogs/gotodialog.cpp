@@ -1,4 +1,4 @@
-#include "gotodialog.h"
+#include "dialogs/gotodialog.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>

@@ -1,7 +1,7 @@
-#include "optionpages.h"
+#include "options/optionpages.h"
 
-#include "editoroptionspage.h"
-#include "filesoptionspage.h"
+#include "options/editoroptionspage.h"
+#include "options/filesoptionspage.h"
 #include "sedgui.h"
 #include "templatetree.h"
 

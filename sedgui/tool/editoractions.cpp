@@ -1,12 +1,12 @@
-#include "editoractions.h"
+#include "tool/editoractions.h"
 
-#include "editorcommands.h"
+#include "dialogs/userprompt.h"
 #include "languages.h"
 #include "sedgui.h"
 #include "standardactions.h"
 #include "textfilecodec.h"
 #include "textformat.h"
-#include "userprompt.h"
+#include "tool/editorcommands.h"
 
 #include <QAction>
 #include <QActionGroup>

@@ -1,6 +1,6 @@
-#include "editoroptionspage.h"
+#include "options/editoroptionspage.h"
 
-#include "optionpages.h"
+#include "options/optionpages.h"
 
 #include <QCheckBox>
 #include <QFontComboBox>

@@ -1,4 +1,4 @@
-#include "editorsettings.h"
+#include "options/editorsettings.h"
 
 #include "baseusrsettings.h"
 #include "textfilecodec.h"

@@ -1,7 +1,7 @@
-#include "editorcommands.h"
+#include "tool/editorcommands.h"
 
 #include "commentsyntax.h"
-#include "textsearcher.h"
+#include "tool/textsearcher.h"
 
 #include <QString>
 

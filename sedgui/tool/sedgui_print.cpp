@@ -1,6 +1,6 @@
-#include "documentprinter.h"
+#include "dialogs/userprompt.h"
 #include "sedgui.h"
-#include "userprompt.h"
+#include "tool/documentprinter.h"
 
 #include <QPageSetupDialog>
 #include <QPrintDialog>
