@@ -17,10 +17,12 @@ namespace koru::sedgui {
 // never stop the search.
 //
 // Lines end at LF, CRLF or a lone CR alike: ^ and $ work at each, and a CRLF
-// is one character when the search steps over it. Letters, digits and classes
-// such as \w, \d and [[:alpha:]] follow Unicode, and case folding reaches
-// beyond ASCII (É matches é). A whole-word search accepts a match only when
-// no word character (letter, digit or '_') lies just before or just after it.
+// is one character when the search steps over it. A line end at the very end
+// of the text ends the last line and starts none, so ^ does not match there.
+// Letters, digits and classes such as \w, \d and [[:alpha:]] follow Unicode,
+// and case folding reaches beyond ASCII (É matches é). A whole-word search
+// accepts a match only when no word character (letter, digit or '_') lies
+// just before or just after it.
 //
 // Copies share the compiled pattern, which is read-only once built: several
 // threads may search with one core (or its copies) at the same time.
