@@ -1,3 +1,4 @@
+#include "../textcore/searchpatterns.h"
 #include "filescanner.h"
 #include "searchengine.h"
 #include "textmatcher.h"
@@ -8,6 +9,7 @@
 
 #include <climits>
 #include <fcntl.h>
+#include <functional>
 #include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -16,16 +18,22 @@ namespace {
 
 enum Flag { Plain = 0, Regex = 1, CaseSensitive = 2, WholeWord = 4 };
 
-// "line:text" per hit of a file scanned as a search scans it; a plain search also
-// checks that the hit's column points at a match.
-QStringList findLines(const QByteArray &content, const QString &text, int flags)
+SearchOptions matchOptions(const QString &text, int flags)
 {
     SearchOptions options;
     options.text = text;
     options.regularExpression = flags & Regex;
     options.caseSensitive = flags & CaseSensitive;
     options.wholeWord = flags & WholeWord;
-    const TextMatcher matcher(options);
+    return options;
+}
+
+// "line:text" per hit of a file scanned as a search scans it, with a '|' where
+// the hit's first match starts; or "invalid", or why the file gave no hits.
+// describe, when given, writes a hit instead.
+QStringList scanLines(const QByteArray &content, const TextMatcher &matcher,
+                      const std::function<QString(const TextMatcher::LineHit &)> &describe = {})
+{
     if (!matcher.isValid())
         return {QStringLiteral("invalid")};
     QTemporaryDir dir;
@@ -36,12 +44,10 @@ QStringList findLines(const QByteArray &content, const QString &text, int flags)
     if (result != FileScanner::Result::Searched)
         return {QStringLiteral("result %1").arg(int(result))};
     QStringList lines;
-    for (const auto &hit : hits) {
-        lines.append(QString::number(hit.line) + QLatin1Char(':') + hit.text);
-        if (!(flags & Regex) &&
-            hit.text.mid(hit.column, text.size()).compare(text, Qt::CaseInsensitive) != 0)
-            lines.append(QStringLiteral("wrong column %1").arg(hit.column));
-    }
+    for (const auto &hit : hits)
+        lines.append(describe ? describe(hit)
+                              : QString::number(hit.line) + QLatin1Char(':') +
+                                    QString(hit.text).insert(hit.column, QLatin1Char('|')));
     return lines;
 }
 
@@ -121,6 +127,47 @@ private slots:
         QVERIFY(QFile::link(root + QStringLiteral("gone"), root + QStringLiteral("dangling.c")));
         QVERIFY(QFile::link(root + QStringLiteral("a.c"), root + QStringLiteral("z-link.c")));
     }
+    // The pattern language, case, whole-word, zero-length and line-end rules
+    // every find shares; Find in Files shows the first match of each line.
+    void sharedPatternRows_data() { searchpatterns::addMatchRows(); }
+    void sharedPatternRows()
+    {
+        QFETCH(QString, pattern);
+        QFETCH(searchpatterns::Options, options);
+        QFETCH(QByteArray, text);
+        QFETCH(QStringList, expected);
+        SearchOptions search = matchOptions(pattern, 0);
+        search.regularExpression = options.testFlag(searchpatterns::R);
+        search.caseSensitive = options.testFlag(searchpatterns::C);
+        search.wholeWord = options.testFlag(searchpatterns::W);
+        const TextMatcher matcher(search);
+        if (pattern.isEmpty()) {
+            // Find in Files asks for a text instead of searching for nothing.
+            QVERIFY(expected.isEmpty() && !matcher.isValid());
+            return;
+        }
+        QStringList firstOfEachLine;
+        for (const QString &match : expected) {
+            if (firstOfEachLine.isEmpty() ||
+                firstOfEachLine.last().section(u':', 0, 0) != match.section(u':', 0, 0))
+                firstOfEachLine.append(match);
+        }
+        QStringList found;
+        int hits = 0;
+        if (!matcher.isValid()) {
+            found << QStringLiteral("error at %1: %2")
+                         .arg(matcher.core().errorOffset())
+                         .arg(matcher.core().errorMessage());
+        } else {
+            found = scanLines(text, matcher, [&](const TextMatcher::LineHit &hit) -> QString {
+                const QString want = firstOfEachLine.value(hits++);
+                const qsizetype length = want.size() - want.indexOf(QLatin1Char(':')) - 1;
+                return QString::number(hit.line) + QLatin1Char(':') +
+                       hit.text.mid(hit.column, length);
+            });
+        }
+        QCOMPARE(found, firstOfEachLine);
+    }
     void findsTheMatchingLines_data()
     {
         QTest::addColumn<QByteArray>("content");
@@ -133,41 +180,25 @@ private slots:
             QTest::newRow(tag) << content << QString::fromUtf8(text) << flags << expected;
         };
         const QString binary = QStringLiteral("result %1").arg(int(FileScanner::Result::Binary));
+        const QByteArray window(4 * 1024 * 1024, 'x');
         row("hits on a line give one entry", "foo foo foo\nbar\nfoo", "foo", Plain,
-            {"1:foo foo foo", "3:foo"});
-        row("column after non-ASCII", "x\n\xc3\xa9\xc3\xa9 foo foo\n", "foo", Plain,
-            {"2:éé foo foo"});
-        row("overlapping occurrences", "aaaa\nxA.a.A\n", "a.a", WholeWord, {"2:xA.a.A"});
-        row("case-sensitive", "Foo\nfoo\nFOO\n", "foo", CaseSensitive, {"2:foo"});
-        row("case-insensitive", "Foo\nfoo\nFOO\nf0o\n", "fOo", Plain, {"1:Foo", "2:foo", "3:FOO"});
-        row("any case beyond ASCII", "ÉCOLE\nécole\necole\n", "école", Plain,
-            {"1:ÉCOLE", "2:école"});
-        row("whole word at line and file edges",
-            "foo\nfoobar\nbar foo\n_foo\nfoo_\nfoo.\nfoo1\nfoo", "foo", WholeWord | CaseSensitive,
-            {"1:foo", "3:bar foo", "6:foo.", "8:foo"});
-        row("whole word by a non-ASCII letter", "éfoo\nfooé\n(foo)\n", "foo", WholeWord,
-            {"3:(foo)"});
-        row("whole word regex", "int x1;\nint x;\n", "x\\d?", Regex | WholeWord,
-            {"1:int x1;", "2:int x;"});
-        row("regex start anchor", " foo\nfoo bar\n", "^foo", Regex, {"2:foo bar"});
-        row("regex end anchor before CRLF", "bar \r\nfoo bar\r\n", "bar$", Regex, {"2:foo bar"});
-        row("regex empty line", "a\n\nb\n", "^$", Regex, {"2:"});
-        row("regex case-insensitive", "Alpha\nbeta\n", "a.p", Regex, {"1:Alpha"});
-        row("CRLF leaves no CR", "one foo\r\ntwo\r\nfoo\r\n", "foo", Plain, {"1:one foo", "3:foo"});
-        row("regex characters as plain text", "a.b\naxb\na(b\n", "a.b", Plain, {"1:a.b"});
-        row("invalid regex", "a(b", "a(b", Regex, {"invalid"});
+            {"1:|foo foo foo", "3:|foo"});
+        row("lone CR and CRLF end lines, neither is shown", "one\rtwo\r\nneedle\ra needle\r\n",
+            "needle", Plain, {"3:|needle", "4:a |needle"});
         row("empty text", "a(b", "", Plain, {"invalid"});
         row("binary file", QByteArray("foo\0bar\nfoo\n", 12), "foo", Plain, {binary});
         row("NUL after the first block is text", QByteArray(9000, 'x') + QByteArray("\nfoo\0\n", 6),
-            "foo", Plain, {QStringLiteral("2:foo") + QChar(0)});
+            "foo", Plain, {QStringLiteral("2:|foo") + QChar(0)});
         row("Windows-1252", "x\n\x93q\x94 caf\xe9\n", "caf\xc3\xa9", Plain,
-            {"2:\xe2\x80\x9cq\xe2\x80\x9d caf\xc3\xa9"});
-        row("UTF-8 byte order mark", QByteArray("\xef\xbb\xbf") + "foo\n", "foo", Plain, {"1:foo"});
+            {"2:\xe2\x80\x9cq\xe2\x80\x9d |caf\xc3\xa9"});
+        row("UTF-8 byte order mark", QByteArray("\xef\xbb\xbf") + "foo\n", "foo", Plain,
+            {"1:|foo"});
         row("UTF-16 is not binary", QByteArray::fromHex("fffe61000a0066006f006f000a00"), "foo",
-            Plain, {"2:foo"});
+            Plain, {"2:|foo"});
         row("empty file", "", "foo", Plain, {});
-        row("any case, straddling the 4 MiB windows the plain search reads",
-            QByteArray(4 * 1024 * 1024 - 6, 'x') + "\nneedle\n", "NEEDLE", Plain, {"2:needle"});
+        row("line starts and numbers across the 4 MiB windows",
+            "needle x\n" + window + "\nneedle\nx needle", "^needle", Regex,
+            {"1:|needle x", "3:|needle"});
     }
     void findsTheMatchingLines()
     {
@@ -175,7 +206,7 @@ private slots:
         QFETCH(QString, text);
         QFETCH(int, flags);
         QFETCH(QStringList, expected);
-        QCOMPARE(findLines(content, text, flags), expected);
+        QCOMPARE(scanLines(content, TextMatcher(matchOptions(text, flags))), expected);
     }
     void walksTheFilesToSearch_data()
     {
