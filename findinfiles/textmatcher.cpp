@@ -5,6 +5,7 @@
 #include "searchoptions.h"
 
 #include <algorithm>
+#include <cstring>
 
 using koru::sedgui::LineCounter;
 using koru::sedgui::SearchCore;
@@ -27,7 +28,10 @@ SearchCore::Options coreOptions(const SearchOptions &options)
 // The first line break (LF, CR) at or after from, or end.
 const char *lineBreakFrom(const char *from, const char *end)
 {
-    return std::find_if(from, end, [](char c) { return c == '\n' || c == '\r'; });
+    const auto *lf = static_cast<const char *>(std::memchr(from, '\n', size_t(end - from)));
+    const char *stop = lf ? lf : end;
+    const auto *cr = static_cast<const char *>(std::memchr(from, '\r', size_t(stop - from)));
+    return cr ? cr : stop;
 }
 
 // Where the line after the break at lineBreak starts; a CRLF is one break.
