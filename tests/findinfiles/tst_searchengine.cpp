@@ -9,33 +9,29 @@
 
 #include <climits>
 #include <fcntl.h>
-#include <functional>
 #include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
 
-enum Flag { Plain = 0, Regex = 1, CaseSensitive = 2, WholeWord = 4 };
-
-SearchOptions matchOptions(const QString &text, int flags)
+// A search in folder (none for a matcher alone).
+SearchOptions optionsFor(const QString &folder, const QString &text = QStringLiteral("needle"),
+                         searchpatterns::Options flags = {})
 {
     SearchOptions options;
+    options.folder = folder;
     options.text = text;
-    options.regularExpression = flags & Regex;
-    options.caseSensitive = flags & CaseSensitive;
-    options.wholeWord = flags & WholeWord;
+    options.regularExpression = flags.testFlag(searchpatterns::R);
+    options.caseSensitive = flags.testFlag(searchpatterns::C);
+    options.wholeWord = flags.testFlag(searchpatterns::W);
     return options;
 }
 
 // "line:text" per hit of a file scanned as a search scans it, with a '|' where
-// the hit's first match starts; or "invalid", or why the file gave no hits.
-// describe, when given, writes a hit instead.
-QStringList scanLines(const QByteArray &content, const TextMatcher &matcher,
-                      const std::function<QString(const TextMatcher::LineHit &)> &describe = {})
+// the hit's first match starts; or why the file gave no hits.
+QStringList scanLines(const QByteArray &content, const TextMatcher &matcher)
 {
-    if (!matcher.isValid())
-        return {QStringLiteral("invalid")};
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("f.txt"));
     writeFile(path, content);
@@ -45,9 +41,8 @@ QStringList scanLines(const QByteArray &content, const TextMatcher &matcher,
         return {QStringLiteral("result %1").arg(int(result))};
     QStringList lines;
     for (const auto &hit : hits)
-        lines.append(describe ? describe(hit)
-                              : QString::number(hit.line) + QLatin1Char(':') +
-                                    QString(hit.text).insert(hit.column, QLatin1Char('|')));
+        lines.append(QString::number(hit.line) + QLatin1Char(':') +
+                     QString(hit.text).insert(hit.column, QLatin1Char('|')));
     return lines;
 }
 
@@ -73,14 +68,6 @@ void collect(SearchEngine &engine, Collected &collected)
     QObject::connect(
         &engine, &SearchEngine::finished, &engine,
         [&collected](const SearchSummary &summary) { collected.summaries.append(summary); });
-}
-
-SearchOptions optionsFor(const QString &folder)
-{
-    SearchOptions options;
-    options.folder = folder;
-    options.text = QStringLiteral("needle");
-    return options;
 }
 
 // Runs one search to its end on a fresh engine; the caller checks that it ended once.
@@ -127,8 +114,6 @@ private slots:
         QVERIFY(QFile::link(root + QStringLiteral("gone"), root + QStringLiteral("dangling.c")));
         QVERIFY(QFile::link(root + QStringLiteral("a.c"), root + QStringLiteral("z-link.c")));
     }
-    // The pattern language, case, whole-word, zero-length and line-end rules
-    // every find shares; Find in Files shows the first match of each line.
     void sharedPatternRows_data() { searchpatterns::addMatchRows(); }
     void sharedPatternRows()
     {
@@ -136,67 +121,61 @@ private slots:
         QFETCH(searchpatterns::Options, options);
         QFETCH(QByteArray, text);
         QFETCH(QStringList, expected);
-        // The core's option flags have the values of this test's.
-        const TextMatcher matcher(matchOptions(pattern, int(options)));
-        QStringList firstOfEachLine;
-        for (const QString &match : expected) {
-            if (firstOfEachLine.isEmpty() ||
-                firstOfEachLine.last().section(u':', 0, 0) != match.section(u':', 0, 0))
-                firstOfEachLine.append(match);
-        }
+        const TextMatcher matcher(optionsFor({}, pattern, options));
+        // A faulty pattern or an empty text is refused (the core's test checks the error).
+        QCOMPARE(matcher.isValid(), !pattern.isEmpty() && !expected.value(0).startsWith(u"error"));
+        if (!matcher.isValid())
+            return;
+        QStringList wanted; // the first match of each line
+        for (const QString &match : expected)
+            if (wanted.isEmpty() || !match.startsWith(wanted.last().section(u':', 0, 0) + u':'))
+                wanted.append(match);
+        // Hits are only taken from UTF-8, which the scanner makes of other text first.
+        if (!FileScanner::isValidUtf8(text.data(), text.size()))
+            text = FileScanner::legacyToUtf8(text);
+        QList<TextMatcher::LineHit> hits;
+        matcher.findLines(text, hits);
+        // Each hit: where its line's first match starts, in the line without its break.
         QStringList found;
-        int hits = 0;
-        if (!matcher.core().isValid()) {
-            found << QStringLiteral("error at %1: %2")
-                         .arg(matcher.core().errorOffset())
-                         .arg(matcher.core().errorMessage());
-        } else if (matcher.isValid()) { // an empty text is refused, not searched
-            found = scanLines(text, matcher, [&](const TextMatcher::LineHit &hit) -> QString {
-                const QString want = firstOfEachLine.value(hits++);
-                const qsizetype length = want.size() - want.indexOf(QLatin1Char(':')) - 1;
-                return QString::number(hit.line) + QLatin1Char(':') +
-                       hit.text.mid(hit.column, length);
-            });
+        for (const auto &hit : hits) {
+            QVERIFY(!hit.text.contains(u'\n') && !hit.text.contains(u'\r'));
+            const QString want = wanted.value(found.size()).section(u':', 1);
+            found << QString::number(hit.line) + u':' + hit.text.mid(hit.column, want.size());
         }
-        QCOMPARE(found, firstOfEachLine);
+        QCOMPARE(found, wanted);
     }
     void findsTheMatchingLines_data()
     {
         QTest::addColumn<QByteArray>("content");
         QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("flags");
+        QTest::addColumn<searchpatterns::Options>("flags");
         QTest::addColumn<QStringList>("expected");
 
-        auto row = [](const char *tag, const QByteArray &content, const char *text, int flags,
-                      const QStringList &expected) {
+        auto row = [](const char *tag, const QByteArray &content, const char *text,
+                      searchpatterns::Options flags, const QStringList &expected) {
             QTest::newRow(tag) << content << QString::fromUtf8(text) << flags << expected;
         };
         const QString binary = QStringLiteral("result %1").arg(int(FileScanner::Result::Binary));
-        const QByteArray window(4 * 1024 * 1024, 'x');
-        row("lone CR and CRLF end lines, neither is shown", "one\rtwo\r\nneedle\ra needle\r\n",
-            "needle", Plain, {"3:|needle", "4:a |needle"});
-        row("empty text", "a(b", "", Plain, {"invalid"});
-        row("binary file", QByteArray("foo\0bar\nfoo\n", 12), "foo", Plain, {binary});
+        row("binary file", QByteArray("foo\0bar\nfoo\n", 12), "foo", {}, {binary});
         row("NUL after the first block is text", QByteArray(9000, 'x') + QByteArray("\nfoo\0\n", 6),
-            "foo", Plain, {QStringLiteral("2:|foo") + QChar(0)});
-        row("Windows-1252", "x\n\x93q\x94 caf\xe9\n", "caf\xc3\xa9", Plain,
+            "foo", {}, {QStringLiteral("2:|foo") + QChar(0)});
+        row("Windows-1252", "x\n\x93q\x94 caf\xe9\n", "caf\xc3\xa9", {},
             {"2:\xe2\x80\x9cq\xe2\x80\x9d |caf\xc3\xa9"});
-        row("UTF-8 byte order mark", QByteArray("\xef\xbb\xbf") + "foo\n", "foo", Plain,
-            {"1:|foo"});
-        row("UTF-16 is not binary", QByteArray::fromHex("fffe61000a0066006f006f000a00"), "foo",
-            Plain, {"2:|foo"});
-        row("empty file", "", "foo", Plain, {});
+        row("UTF-8 byte order mark", QByteArray("\xef\xbb\xbf") + "foo\n", "foo", {}, {"1:|foo"});
+        row("UTF-16 is not binary", QByteArray::fromHex("fffe61000a0066006f006f000a00"), "foo", {},
+            {"2:|foo"});
+        row("empty file", "", "foo", {}, {});
         row("line starts and numbers across the 4 MiB windows",
-            "needle x\n" + window + "\nneedle\nx needle", "^needle", Regex,
-            {"1:|needle x", "3:|needle"});
+            "needle x\n" + QByteArray(4 * 1024 * 1024, 'x') + "\nneedle\nx needle", "^needle",
+            searchpatterns::R, {"1:|needle x", "3:|needle"});
     }
     void findsTheMatchingLines()
     {
         QFETCH(QByteArray, content);
         QFETCH(QString, text);
-        QFETCH(int, flags);
+        QFETCH(searchpatterns::Options, flags);
         QFETCH(QStringList, expected);
-        QCOMPARE(scanLines(content, TextMatcher(matchOptions(text, flags))), expected);
+        QCOMPARE(scanLines(content, TextMatcher(optionsFor({}, text, flags))), expected);
     }
     void walksTheFilesToSearch_data()
     {
