@@ -1,21 +1,22 @@
 #pragma once
 
-#include <QByteArray>
 #include <QByteArrayView>
 #include <QList>
-#include <QRegularExpression>
 #include <QString>
 
-#include <array>
 #include <atomic>
 #include <functional>
+#include <memory>
 
 struct SearchOptions;
+namespace koru::sedgui {
+class SearchCore;
+}
 
-// Finds the lines of a text that hold the search text. Fixed strings are searched
-// in the raw UTF-8 bytes; regular expressions (and case-insensitive text beyond
-// ASCII) run per line on decoded text. One entry per matching line, however many
-// matches the line holds.
+// Finds the lines of a UTF-8 text that hold a match of the search, with the
+// editor's search core: the same regular expressions, case rule and whole-word
+// rule as the find bar. One entry per line, however many matches the line
+// holds; lines end at LF, CRLF or a lone CR.
 class TextMatcher
 {
 public:
@@ -27,15 +28,18 @@ public:
     };
 
     explicit TextMatcher(const SearchOptions &options);
+    ~TextMatcher();
+    TextMatcher(const TextMatcher &) = delete;
+    TextMatcher &operator=(const TextMatcher &) = delete;
 
     bool isValid() const { return m_error.isEmpty(); }
     QString errorString() const { return m_error; }
+    const koru::sedgui::SearchCore &core() const { return *m_core; }
 
-    // True when the raw bytes of a file in any ASCII-compatible encoding give the
-    // same matching lines as its decoded text, so a file needs decoding only once
-    // it has a hit (the hit's text is shown decoded).
-    bool isEncodingNeutral() const;
-    bool needsDecodedText() const { return m_mode == Mode::Regex; }
+    // True when the raw bytes of a file in any ASCII-compatible encoding give a
+    // hit wherever its decoded text would, so a file needs decoding only once it
+    // has a hit (the hit's text is shown decoded).
+    bool isEncodingNeutral() const { return m_encodingNeutral; }
 
     // Called for each matching line in order; returning false stops the search.
     using HitSink = std::function<bool(const LineHit &hit)>;
@@ -43,23 +47,12 @@ public:
     // Both return false when cancel was set part-way or the sink stopped them.
     bool findLines(QByteArrayView utf8, const HitSink &sink,
                    const std::atomic<bool> *cancel = nullptr) const;
-    bool findLines(QStringView text, const HitSink &sink,
-                   const std::atomic<bool> *cancel = nullptr) const;
     // Appends to hits.
     bool findLines(QByteArrayView utf8, QList<LineHit> &hits,
                    const std::atomic<bool> *cancel = nullptr) const;
 
 private:
-    enum class Mode { Bytes, BytesFoldCase, Regex };
-
-    const char *findCandidate(const char *from, const char *end) const;
-    bool isWholeWordAt(const char *begin, const char *end, const char *match) const;
-
-    Mode m_mode = Mode::Bytes;
-    bool m_wholeWord = false;
-    QByteArray m_needle;
-    // Horspool shift per byte for the case-folded search.
-    std::array<qsizetype, 256> m_foldShift{};
-    QRegularExpression m_regex;
+    std::unique_ptr<const koru::sedgui::SearchCore> m_core;
+    bool m_encodingNeutral = false;
     QString m_error;
 };

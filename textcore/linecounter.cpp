@@ -1,6 +1,7 @@
 #include "linecounter.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace koru::sedgui {
 
@@ -14,6 +15,17 @@ qint64 LineCounter::lineAt(qsizetype offset)
     }
     const char *data = m_text.data();
     const qsizetype size = m_text.size();
+    // Most text has no CR: its LFs are counted at the pace of memchr.
+    if (!std::memchr(data + m_offset, '\r', size_t(offset - m_offset))) {
+        const auto breaks = std::count(data + m_offset, data + offset, '\n');
+        if (breaks > 0) {
+            m_line += breaks;
+            const void *last = memrchr(data + m_offset, '\n', size_t(offset - m_offset));
+            m_lineStart = static_cast<const char *>(last) - data + 1;
+        }
+        m_offset = offset;
+        return m_line;
+    }
     for (qsizetype i = m_offset; i < offset; ++i) {
         const char c = data[i];
         // A CR followed by LF is counted at the LF, so an offset between the two

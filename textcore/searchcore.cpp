@@ -76,6 +76,8 @@ struct SearchCore::Compiled
 {
     pcre2_code *code = nullptr;
     quint32 pairs = 1;
+    int groups = 1; // the pairs a Match holds
+    bool jit = false;
 
     ~Compiled() { pcre2_code_free(code); }
 };
@@ -130,14 +132,14 @@ void SearchCore::compile()
         m_errorOffset = regex ? QString::fromUtf8(patternBytes.first(at)).size() : 0;
         return;
     }
-    // Without the JIT (a platform it does not support) the interpreter matches alike.
-    pcre2_jit_compile(code, PCRE2_JIT_COMPLETE);
-
     auto compiled = std::make_shared<Compiled>();
     compiled->code = code;
+    // Without the JIT (a platform it does not support) the interpreter matches alike.
+    compiled->jit = pcre2_jit_compile(code, PCRE2_JIT_COMPLETE) == 0;
     quint32 captures = 0;
     pcre2_pattern_info(code, PCRE2_INFO_CAPTURECOUNT, &captures);
     compiled->pairs = captures + 1;
+    compiled->groups = int(std::min<quint32>(compiled->pairs, Match::MaxGroups));
     m_compiled = std::move(compiled);
 }
 
@@ -160,18 +162,24 @@ SearchCore::Match SearchCore::matchAt(QByteArrayView text, qsizetype from,
         return {};
     // An empty view may have no data pointer, which the matcher refuses.
     const char *subject = text.data() ? text.data() : "";
-    const int rc = pcre2_match(m_compiled->code, reinterpret_cast<PCRE2_SPTR>(subject), text.size(),
-                               from, matchOptions, data, nullptr);
+    const auto *bytes = reinterpret_cast<PCRE2_SPTR>(subject);
+    // A find in files calls this once per hit, so the checks the JIT needs no
+    // repeating are skipped by calling it directly; it takes no ANCHORED.
+    const bool jit = m_compiled->jit && !(matchOptions & PCRE2_ANCHORED);
+    const int rc =
+        jit ? pcre2_jit_match(m_compiled->code, bytes, text.size(), from, matchOptions, data,
+                              nullptr)
+            : pcre2_match(m_compiled->code, bytes, text.size(), from, matchOptions, data, nullptr);
     // Errors such as the backtracking limit end the search like no match.
     if (rc <= 0)
         return {};
 
     const PCRE2_SIZE *ovector = pcre2_get_ovector_pointer(data);
     Match match;
-    const int groups = int(std::min<quint32>(m_compiled->pairs, Match::MaxGroups));
-    for (int i = 0; i < 2 * Match::MaxGroups; ++i)
-        match.m_groups[i] =
-            i < 2 * groups && ovector[i] != PCRE2_UNSET ? qsizetype(ovector[i]) : -1;
+    const int groups = m_compiled->groups;
+    for (int i = 0; i < 2 * groups; ++i)
+        match.m_groups[i] = ovector[i] != PCRE2_UNSET ? qsizetype(ovector[i]) : -1;
+    std::fill(match.m_groups.begin() + 2 * groups, match.m_groups.end(), -1);
     match.begin = match.m_groups[0];
     match.end = match.m_groups[1];
     return match;

@@ -1,3 +1,4 @@
+#include "../textcore/searchpatterns.h"
 #include "filescanner.h"
 #include "searchengine.h"
 #include "textmatcher.h"
@@ -14,20 +15,23 @@
 
 namespace {
 
-enum Flag { Plain = 0, Regex = 1, CaseSensitive = 2, WholeWord = 4 };
-
-// "line:text" per hit of a file scanned as a search scans it; a plain search also
-// checks that the hit's column points at a match.
-QStringList findLines(const QByteArray &content, const QString &text, int flags)
+// A search in folder (none for a matcher alone).
+SearchOptions optionsFor(const QString &folder, const QString &text = QStringLiteral("needle"),
+                         searchpatterns::Options flags = {})
 {
     SearchOptions options;
+    options.folder = folder;
     options.text = text;
-    options.regularExpression = flags & Regex;
-    options.caseSensitive = flags & CaseSensitive;
-    options.wholeWord = flags & WholeWord;
-    const TextMatcher matcher(options);
-    if (!matcher.isValid())
-        return {QStringLiteral("invalid")};
+    options.regularExpression = flags.testFlag(searchpatterns::R);
+    options.caseSensitive = flags.testFlag(searchpatterns::C);
+    options.wholeWord = flags.testFlag(searchpatterns::W);
+    return options;
+}
+
+// "line:text" per hit of a file scanned as a search scans it, with a '|' where
+// the hit's first match starts; or why the file gave no hits.
+QStringList scanLines(const QByteArray &content, const TextMatcher &matcher)
+{
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("f.txt"));
     writeFile(path, content);
@@ -36,12 +40,9 @@ QStringList findLines(const QByteArray &content, const QString &text, int flags)
     if (result != FileScanner::Result::Searched)
         return {QStringLiteral("result %1").arg(int(result))};
     QStringList lines;
-    for (const auto &hit : hits) {
-        lines.append(QString::number(hit.line) + QLatin1Char(':') + hit.text);
-        if (!(flags & Regex) &&
-            hit.text.mid(hit.column, text.size()).compare(text, Qt::CaseInsensitive) != 0)
-            lines.append(QStringLiteral("wrong column %1").arg(hit.column));
-    }
+    for (const auto &hit : hits)
+        lines.append(QString::number(hit.line) + QLatin1Char(':') +
+                     QString(hit.text).insert(hit.column, QLatin1Char('|')));
     return lines;
 }
 
@@ -67,14 +68,6 @@ void collect(SearchEngine &engine, Collected &collected)
     QObject::connect(
         &engine, &SearchEngine::finished, &engine,
         [&collected](const SearchSummary &summary) { collected.summaries.append(summary); });
-}
-
-SearchOptions optionsFor(const QString &folder)
-{
-    SearchOptions options;
-    options.folder = folder;
-    options.text = QStringLiteral("needle");
-    return options;
 }
 
 // Runs one search to its end on a fresh engine; the caller checks that it ended once.
@@ -121,61 +114,68 @@ private slots:
         QVERIFY(QFile::link(root + QStringLiteral("gone"), root + QStringLiteral("dangling.c")));
         QVERIFY(QFile::link(root + QStringLiteral("a.c"), root + QStringLiteral("z-link.c")));
     }
+    void sharedPatternRows_data() { searchpatterns::addMatchRows(); }
+    void sharedPatternRows()
+    {
+        QFETCH(QString, pattern);
+        QFETCH(searchpatterns::Options, options);
+        QFETCH(QByteArray, text);
+        QFETCH(QStringList, expected);
+        const TextMatcher matcher(optionsFor({}, pattern, options));
+        // A faulty pattern or an empty text is refused (the core's test checks the error).
+        QCOMPARE(matcher.isValid(), !pattern.isEmpty() && !expected.value(0).startsWith(u"error"));
+        if (!matcher.isValid())
+            return;
+        QStringList wanted; // the first match of each line
+        for (const QString &match : expected)
+            if (wanted.isEmpty() || !match.startsWith(wanted.last().section(u':', 0, 0) + u':'))
+                wanted.append(match);
+        // Hits are only taken from UTF-8, which the scanner makes of other text first.
+        if (!FileScanner::isValidUtf8(text.data(), text.size()))
+            text = FileScanner::legacyToUtf8(text);
+        QList<TextMatcher::LineHit> hits;
+        matcher.findLines(text, hits);
+        // Each hit: where its line's first match starts, in the line without its break.
+        QStringList found;
+        for (const auto &hit : hits) {
+            QVERIFY(!hit.text.contains(u'\n') && !hit.text.contains(u'\r'));
+            const QString want = wanted.value(found.size()).section(u':', 1);
+            found << QString::number(hit.line) + u':' + hit.text.mid(hit.column, want.size());
+        }
+        QCOMPARE(found, wanted);
+    }
     void findsTheMatchingLines_data()
     {
         QTest::addColumn<QByteArray>("content");
         QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("flags");
+        QTest::addColumn<searchpatterns::Options>("flags");
         QTest::addColumn<QStringList>("expected");
 
-        auto row = [](const char *tag, const QByteArray &content, const char *text, int flags,
-                      const QStringList &expected) {
+        auto row = [](const char *tag, const QByteArray &content, const char *text,
+                      searchpatterns::Options flags, const QStringList &expected) {
             QTest::newRow(tag) << content << QString::fromUtf8(text) << flags << expected;
         };
         const QString binary = QStringLiteral("result %1").arg(int(FileScanner::Result::Binary));
-        row("hits on a line give one entry", "foo foo foo\nbar\nfoo", "foo", Plain,
-            {"1:foo foo foo", "3:foo"});
-        row("column after non-ASCII", "x\n\xc3\xa9\xc3\xa9 foo foo\n", "foo", Plain,
-            {"2:éé foo foo"});
-        row("overlapping occurrences", "aaaa\nxA.a.A\n", "a.a", WholeWord, {"2:xA.a.A"});
-        row("case-sensitive", "Foo\nfoo\nFOO\n", "foo", CaseSensitive, {"2:foo"});
-        row("case-insensitive", "Foo\nfoo\nFOO\nf0o\n", "fOo", Plain, {"1:Foo", "2:foo", "3:FOO"});
-        row("any case beyond ASCII", "ÉCOLE\nécole\necole\n", "école", Plain,
-            {"1:ÉCOLE", "2:école"});
-        row("whole word at line and file edges",
-            "foo\nfoobar\nbar foo\n_foo\nfoo_\nfoo.\nfoo1\nfoo", "foo", WholeWord | CaseSensitive,
-            {"1:foo", "3:bar foo", "6:foo.", "8:foo"});
-        row("whole word by a non-ASCII letter", "éfoo\nfooé\n(foo)\n", "foo", WholeWord,
-            {"3:(foo)"});
-        row("whole word regex", "int x1;\nint x;\n", "x\\d?", Regex | WholeWord,
-            {"1:int x1;", "2:int x;"});
-        row("regex start anchor", " foo\nfoo bar\n", "^foo", Regex, {"2:foo bar"});
-        row("regex end anchor before CRLF", "bar \r\nfoo bar\r\n", "bar$", Regex, {"2:foo bar"});
-        row("regex empty line", "a\n\nb\n", "^$", Regex, {"2:"});
-        row("regex case-insensitive", "Alpha\nbeta\n", "a.p", Regex, {"1:Alpha"});
-        row("CRLF leaves no CR", "one foo\r\ntwo\r\nfoo\r\n", "foo", Plain, {"1:one foo", "3:foo"});
-        row("regex characters as plain text", "a.b\naxb\na(b\n", "a.b", Plain, {"1:a.b"});
-        row("invalid regex", "a(b", "a(b", Regex, {"invalid"});
-        row("empty text", "a(b", "", Plain, {"invalid"});
-        row("binary file", QByteArray("foo\0bar\nfoo\n", 12), "foo", Plain, {binary});
+        row("binary file", QByteArray("foo\0bar\nfoo\n", 12), "foo", {}, {binary});
         row("NUL after the first block is text", QByteArray(9000, 'x') + QByteArray("\nfoo\0\n", 6),
-            "foo", Plain, {QStringLiteral("2:foo") + QChar(0)});
-        row("Windows-1252", "x\n\x93q\x94 caf\xe9\n", "caf\xc3\xa9", Plain,
-            {"2:\xe2\x80\x9cq\xe2\x80\x9d caf\xc3\xa9"});
-        row("UTF-8 byte order mark", QByteArray("\xef\xbb\xbf") + "foo\n", "foo", Plain, {"1:foo"});
-        row("UTF-16 is not binary", QByteArray::fromHex("fffe61000a0066006f006f000a00"), "foo",
-            Plain, {"2:foo"});
-        row("empty file", "", "foo", Plain, {});
-        row("any case, straddling the 4 MiB windows the plain search reads",
-            QByteArray(4 * 1024 * 1024 - 6, 'x') + "\nneedle\n", "NEEDLE", Plain, {"2:needle"});
+            "foo", {}, {QStringLiteral("2:|foo") + QChar(0)});
+        row("Windows-1252", "x\n\x93q\x94 caf\xe9\n", "caf\xc3\xa9", {},
+            {"2:\xe2\x80\x9cq\xe2\x80\x9d |caf\xc3\xa9"});
+        row("UTF-8 byte order mark", QByteArray("\xef\xbb\xbf") + "foo\n", "foo", {}, {"1:|foo"});
+        row("UTF-16 is not binary", QByteArray::fromHex("fffe61000a0066006f006f000a00"), "foo", {},
+            {"2:|foo"});
+        row("empty file", "", "foo", {}, {});
+        row("line starts and numbers across the 4 MiB windows",
+            "needle x\n" + QByteArray(4 * 1024 * 1024, 'x') + "\nneedle\nx needle", "^needle",
+            searchpatterns::R, {"1:|needle x", "3:|needle"});
     }
     void findsTheMatchingLines()
     {
         QFETCH(QByteArray, content);
         QFETCH(QString, text);
-        QFETCH(int, flags);
+        QFETCH(searchpatterns::Options, flags);
         QFETCH(QStringList, expected);
-        QCOMPARE(findLines(content, text, flags), expected);
+        QCOMPARE(scanLines(content, TextMatcher(optionsFor({}, text, flags))), expected);
     }
     void walksTheFilesToSearch_data()
     {
