@@ -63,16 +63,6 @@ private Q_SLOTS:
         QFETCH(QByteArray, expected);
         QCOMPARE(fetchCore().replaceAll(text, replacement), expected);
     }
-
-    void lineCounterCountsOnAndBack()
-    {
-        LineCounter lines("a\r\nb\rc\nd\r");
-        QList<qint64> lineAndStart;
-        for (const qsizetype offset : {2, 3, 5, 7, 1, 9})
-            lineAndStart << lines.lineAt(offset) << lines.lineStart();
-        // The LF of a CRLF asked for apart from its CR, and back to the start.
-        QCOMPARE(lineAndStart, (QList<qint64>{1, 0, 2, 3, 3, 5, 4, 7, 1, 0, 5, 9}));
-    }
 };
 
 QTEST_GUILESS_MAIN(TstSearchCore)
