@@ -2,8 +2,7 @@
 
 OptSetWidget::OptSetWidget()
     : OptWidget(nullptr)
-{
-}
+{}
 
 OptSetWidget::~OptSetWidget() = default;
 

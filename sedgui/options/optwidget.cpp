@@ -2,8 +2,7 @@
 
 OptWidget::OptWidget(QWidget *parent)
     : QWidget(parent)
-{
-}
+{}
 
 OptWidget::~OptWidget() = default;
 

@@ -2,8 +2,7 @@
 
 HubGUITool::HubGUITool(QWidget *parent)
     : QWidget(parent)
-{
-}
+{}
 
 HubGUITool::~HubGUITool() = default;
 
