@@ -763,8 +763,8 @@ Es behält die Kodierung %3.</translation>
         <translation>Ersetzung</translation>
     </message>
     <message>
-        <source>( ) captures a group, \&lt; and \&gt; match word bounds; \1 to \9 in the replacement insert the groups, \0 the whole match.</source>
-        <translation>( ) erfasst eine Gruppe, \&lt; und \&gt; passen auf Wortgrenzen; \1 bis \9 in der Ersetzung fügen die Gruppen ein, \0 den ganzen Treffer.</translation>
+        <source>Perl-compatible: ( ) captures a group, \d a digit, \b a word bound, (?=...) and (?&lt;=...) look ahead and behind; \1 to \9 or $1 to $9 in the replacement insert the groups, \0 the whole match.</source>
+        <translation>Perl-kompatibel: ( ) erfasst eine Gruppe, \d eine Ziffer, \b eine Wortgrenze, (?=...) und (?&lt;=...) schauen voraus und zurück; \1 bis \9 oder $1 bis $9 in der Ersetzung fügen die Gruppen ein, \0 den ganzen Treffer.</translation>
     </message>
     <message>
         <source>F&amp;ind:</source>

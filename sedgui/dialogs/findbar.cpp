@@ -58,8 +58,9 @@ FindBar::FindBar(QsciScintilla *editor, QWidget *parent)
     m_findEdit->setPlaceholderText(tr("Text to find"));
     m_replaceEdit->setPlaceholderText(tr("Replacement"));
     m_regex->setToolTip(
-        tr("( ) captures a group, \\< and \\> match word bounds; \\1 to \\9 in the replacement "
-           "insert the groups, \\0 the whole match."));
+        tr("Perl-compatible: ( ) captures a group, \\d a digit, \\b a word bound, (?=...) and "
+           "(?<=...) look ahead and behind; \\1 to \\9 or $1 to $9 in the replacement insert "
+           "the groups, \\0 the whole match."));
 
     auto *findLabel = new QLabel(tr("F&ind:"), this);
     findLabel->setBuddy(m_findEdit);

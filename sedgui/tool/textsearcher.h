@@ -34,17 +34,19 @@ struct SearchMatch
     bool found() const { return start >= 0; }
 };
 
-// Finds and replaces in an editor's buffer with the editor's own search, which
-// works on the bytes in place: a 50 MB document is never copied into a QString.
+// Finds and replaces in an editor's buffer with the shared search core, which
+// reads the buffer's UTF-8 bytes in place: a 50 MB document is never copied.
 //
-// Regular expressions use the editor's syntax with POSIX groups: ( ) capture,
-// \< \> are word bounds, and a replacement refers to captures as \1 to \9 (\0
-// is the whole match).
+// Regular expressions are Perl-compatible: \d, \w and \b follow Unicode,
+// look-ahead (?=...) and look-behind (?<=...) work, ^ and $ match at every line
+// end. A replacement refers to groups as \0 to \9 or $0 to $9 (0 is the whole
+// match) and writes \\ and $$ for a backslash and a dollar.
 class SEDGUI_EXPORT TextSearcher
 {
 public:
-    // The first match at or after from (before from when searching backwards),
-    // wrapping around when the query asks for it. An empty pattern matches nothing.
+    // The first match at or after from (the nearest one starting before from when
+    // searching backwards), wrapping around when the query asks for it. An empty
+    // pattern matches nothing.
     static SearchMatch find(QsciScintillaBase *editor, const SearchQuery &query, qint64 from);
 
     // Finds the next match after the selection (before it, backwards), selects it
@@ -64,13 +66,6 @@ public:
     // Tells the widget's listeners that the text changed, after changes made
     // with change notifications switched off.
     static void announceChange(QsciScintillaBase *editor);
-
-private:
-    static int searchFlags(const SearchQuery &query);
-    static QByteArray patternBytes(const SearchQuery &query);
-    // One pass over [from, to) (backwards when from > to); -1 no match, -2 invalid.
-    static qint64 searchRange(QsciScintillaBase *editor, const QByteArray &pattern, int flags,
-                              qint64 from, qint64 to, qint64 *matchEnd);
 };
 
 } // namespace koru::sedgui
