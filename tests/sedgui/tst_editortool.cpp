@@ -1,6 +1,5 @@
 #include "baseusrsettings.h"
 #include "dialogs/findbar.h"
-#include "dialogs/gotodialog.h"
 #include "languages.h"
 #include "options/editorsettings.h"
 #include "options/optionpages.h"
@@ -8,7 +7,6 @@
 #include "promptrecorder.h"
 #include "sedgui.h"
 #include "textformat.h"
-#include "tool/documentprinter.h"
 #include "tool/editoractions.h"
 #include "tool/editorcommands.h"
 #include "tool/languagelexers.h"
@@ -17,8 +15,6 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFile>
-#include <QFileInfo>
-#include <QFontMetrics>
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QMimeData>
@@ -117,15 +113,6 @@ template<typename T = QCheckBox> T *control(const Page &page, const char *name)
     return widget;
 }
 
-QVariantList fields(const EditorSettings::Values &v)
-{
-    return QVariantList() << v.font.family() << v.font.pointSize() << v.tabWidth
-                          << v.indentWithSpaces << v.autoIndent << v.lineNumbers << v.wordWrap
-                          << v.showWhitespace << v.highlightCurrentLine << v.braceMatching
-                          << v.defaultEncoding << int(v.defaultLineEnding)
-                          << v.reloadUnmodifiedSilently << v.trimTrailingWhitespace;
-}
-
 } // namespace
 
 class TstEditorTool : public QObject
@@ -134,23 +121,6 @@ class TstEditorTool : public QObject
 
 private Q_SLOTS:
     void init() { BaseUsrSettings("SRC_EDITOR").clear(); }
-
-    // Each malformed value must read as its own default.
-    void malformedValuesReadAsDefaults()
-    {
-        const QVariantMap stored{{"Editor/TabWidth", 0},
-                                 {"Editor/FontSize", 500},
-                                 {"Editor/LineNumbers", "maybe"},
-                                 {"Editor/WordWrap", QStringList{"a", "b"}},
-                                 {"Files/DefaultEncoding", "NO-SUCH-CODE"},
-                                 {"Files/DefaultLineEnding", "LFCR"},
-                                 {"Files/TrimTrailingWhitespace", 7}};
-        BaseUsrSettings settings("SRC_EDITOR");
-        for (auto it = stored.cbegin(); it != stored.cend(); ++it)
-            settings.setValue(it.key(), it.value());
-        settings.sync();
-        QCOMPARE(fields(EditorSettings::load()), fields(EditorSettings::defaults()));
-    }
 
     // Each page's Apply reaches every open tool and the store, and keeps the other page's values.
     void applyChangesEveryOpenToolAndPersists()
@@ -376,32 +346,6 @@ private Q_SLOTS:
         }
     }
 
-    // Two and a half pages' worth of lines, measured apart from the printer.
-    void pdfHasTheExpectedPageCount()
-    {
-        QTemporaryDir dir;
-        DocumentPrinter printer;
-        printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(dir.filePath(QStringLiteral("out.pdf")));
-        printer.setPageSize(QPageSize(QPageSize::A4));
-        printer.setPageMargins(QMarginsF(20, 20, 20, 20), QPageLayout::Millimeter);
-        QsciScintilla editor;
-        const QFont font(QStringLiteral("DejaVu Sans Mono"), 10);
-        editor.setFont(font);
-        const QRect pageRect = printer.pageLayout().paintRectPixels(printer.resolution());
-        const int linesPerPage = pageRect.height() / QFontMetrics(font, &printer).lineSpacing();
-        QVERIFY(linesPerPage > 20);
-        QStringList lines;
-        for (int i = 0; i < linesPerPage * 5 / 2; ++i)
-            lines << QStringLiteral("int value%1 = %1; // short").arg(i);
-        editor.setText(lines.join(QLatin1Char('\n')));
-        editor.setWhitespaceVisibility(QsciScintilla::WsVisible);
-        QCOMPARE(printer.printDocument(&editor), 3);
-        QVERIFY(QFileInfo(printer.outputFileName()).size() > 0);
-        // Markers are left off the paper only.
-        QCOMPARE(editor.whitespaceVisibility(), QsciScintilla::WsVisible);
-    }
-
     void goToLineClampsAndUnfolds()
     {
         // Lines 2 to 500 are folded away under the first: the caret line must be unfolded.
@@ -429,27 +373,6 @@ private Q_SLOTS:
             const long onScreen = send(editor, QsciScintillaBase::SCI_LINESONSCREEN);
             QVERIFY(first <= caretLine && caretLine < first + onScreen); // scrolled into view
         }
-    }
-
-    void parseGoToText_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("parsed"); // line:column, empty when refused
-        const auto row = [](const char *text, const char *parsed) {
-            QTest::newRow(text) << QString(text) << QString(parsed);
-        };
-        row("42", "42:1");
-        row(" 42 , 7 ", "42:7");
-        for (const char *invalid : {"ten", "-3", "5:"})
-            row(invalid, "");
-    }
-    void parseGoToText()
-    {
-        QFETCH(QString, text);
-        qint64 line = 0;
-        qint64 column = 0;
-        const bool ok = GoToDialog::parse(text, &line, &column);
-        QTEST(ok ? QStringLiteral("%1:%2").arg(line).arg(column) : QString(), "parsed");
     }
 
     void commandIsOneUndoStep_data()

@@ -22,7 +22,6 @@ private Q_SLOTS:
         row("name wins over first line", "a.rb", "#!/bin/sh", "Ruby");
         row("shebang path", "run", "#!/bin/bash", "Bash");
         row("shebang env -S, versioned", "tool", "#! /usr/bin/env -S python3.11 -u", "Python");
-        row("shebang unknown", "tool", "#!/usr/bin/awk -f", "");
         row("xml declaration", "data", "<?xml version=\"1.0\"?>", "XML");
         row("html doctype", "page", "<!DOCTYPE html>", "HTML");
         row("plain text", "notes.txt", "hello", "");
