@@ -35,13 +35,19 @@ qint64 replaceRange(QsciScintillaBase *editor, qint64 start, qint64 end, const Q
                                  text.constData());
 }
 
+// Stepping through the matches asks for the same search again and again, so
+// the last one compiled is kept; copies share the compiled pattern.
 SearchCore coreFor(const SearchQuery &query)
 {
     SearchCore::Options options;
     options.setFlag(SearchCore::RegularExpression, query.regex);
     options.setFlag(SearchCore::CaseSensitive, query.matchCase);
     options.setFlag(SearchCore::WholeWord, query.wholeWord);
-    return SearchCore(query.pattern, options);
+    static SearchCore last{QString()};
+    if (last.pattern() != query.pattern || last.options() != options) {
+        last = SearchCore(query.pattern, options);
+    }
+    return last;
 }
 
 // The whole buffer as one run of bytes, read in place. The editor closes the
