@@ -64,9 +64,9 @@ long countFloor(Sci *editor, const QByteArray &pattern, int flags)
     long from = 0;
     for (;;) {
         send(editor, Sci::SCI_SETTARGETRANGE, from, length);
-        const long found = editor->SendScintilla(Sci::SCI_SEARCHINTARGET,
-                                                 static_cast<unsigned long>(pattern.size()),
-                                                 pattern.constData());
+        const long found =
+            editor->SendScintilla(Sci::SCI_SEARCHINTARGET,
+                                  static_cast<unsigned long>(pattern.size()), pattern.constData());
         if (found < 0)
             return count;
         ++count;
