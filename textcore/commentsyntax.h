@@ -4,13 +4,18 @@
 
 namespace koru::sedgui {
 
-// How a language writes comments, looked up by the name its lexer reports
-// (QsciLexer::language(), e.g. "C++", "Python"). Languages with line comments
-// are toggled line by line; the others wrap the lines in a block comment.
+// How a language writes comments (Languages::commentSyntax()). Languages with
+// line comments are toggled line by line; the others wrap the lines in a
+// block comment.
 class CommentSyntax
 {
 public:
-    static CommentSyntax forLanguage(const char *lexerLanguage);
+    CommentSyntax() = default;
+    CommentSyntax(QByteArray linePrefix, QByteArray blockStart, QByteArray blockEnd)
+        : m_linePrefix(std::move(linePrefix))
+        , m_blockStart(std::move(blockStart))
+        , m_blockEnd(std::move(blockEnd))
+    {}
 
     QByteArray linePrefix() const { return m_linePrefix; }
     QByteArray blockStart() const { return m_blockStart; }

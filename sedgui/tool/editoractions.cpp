@@ -54,8 +54,9 @@ EditorActions::EditorActions(SedGUI *tool)
     addAction(m_editActions, QStringLiteral("unindent"), tr("U&nindent"),
               QKeySequence(tr("Ctrl+[")));
 
-    connect(action(QStringLiteral("toggleComment")), &QAction::triggered, this,
-            [editor] { EditorCommands::toggleComment(editor); });
+    connect(action(QStringLiteral("toggleComment")), &QAction::triggered, this, [this, editor] {
+        EditorCommands::toggleComment(editor, Languages::commentSyntax(m_tool->languageName()));
+    });
     connect(action(QStringLiteral("duplicateLine")), &QAction::triggered, this,
             [editor] { EditorCommands::duplicateLines(editor); });
     connect(action(QStringLiteral("moveLineUp")), &QAction::triggered, this,

@@ -94,10 +94,8 @@ int EditorCommands::goToLine(QsciScintilla *editor, qint64 line, qint64 column)
     return int(target + 1);
 }
 
-bool EditorCommands::toggleComment(QsciScintilla *editor)
+bool EditorCommands::toggleComment(QsciScintilla *editor, const CommentSyntax &syntax)
 {
-    const CommentSyntax syntax =
-        CommentSyntax::forLanguage(editor->lexer() ? editor->lexer()->language() : nullptr);
     if (syntax.isEmpty() || editor->isReadOnly()) {
         return false;
     }

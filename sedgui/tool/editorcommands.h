@@ -8,6 +8,8 @@ class QsciScintilla;
 
 namespace koru::sedgui {
 
+class CommentSyntax;
+
 // Editing commands of the tool's own Edit menu and the go-to command, on an
 // editor's buffer. Each command that changes the text is one undo step.
 class SEDGUI_EXPORT EditorCommands
@@ -19,9 +21,9 @@ public:
     static int goToLine(QsciScintilla *editor, qint64 line, qint64 column = 1);
 
     // Comments the lines of the selection (or the caret's line) out, or back in
-    // when every non-blank one already is, in the syntax of the editor's lexer.
-    // Returns false when the language has no comments.
-    static bool toggleComment(QsciScintilla *editor);
+    // when every non-blank one already is, in the given syntax (the document's
+    // language's). Returns false when the language has no comments.
+    static bool toggleComment(QsciScintilla *editor, const CommentSyntax &syntax);
 
     // Duplicates the selected lines, or the caret's line.
     static void duplicateLines(QsciScintilla *editor);

@@ -1,5 +1,9 @@
 #include "tool/languagelexers.h"
 
+#include "languages.h"
+#include "tool/rustlexer.h"
+#include "tool/tablelexer.h"
+
 #include <QHash>
 
 #include <Qsci/qscilexeravs.h>
@@ -46,30 +50,44 @@ namespace koru::sedgui {
 
 namespace {
 
-using LexerMaker = QsciLexer *(*)(QObject *parent);
+using LexerMaker = QsciLexer *(*)(const QString &language, QObject *parent);
 
-template<typename Lexer> QsciLexer *make(QObject *parent)
+template<typename Lexer> QsciLexer *make(const QString &, QObject *parent)
 {
     return new Lexer(parent);
 }
 
+// For the lexers that also colour languages of the table with their keywords.
+template<typename Lexer> QsciLexer *makeForTable(const QString &language, QObject *parent)
+{
+    if (Languages::keywords(language, 1).isEmpty() &&
+        Languages::lexerProperties(language).isEmpty())
+        return new Lexer(parent);
+    return new TableLexer<Lexer>(language, parent);
+}
+
+QsciLexer *makeRust(const QString &, QObject *parent)
+{
+    return new RustLexer(parent);
+}
+
+// By the lexer names of Languages::lexer().
 const QHash<QString, LexerMaker> &makers()
 {
     static const QHash<QString, LexerMaker> byName{
         {QStringLiteral("AVS"), make<QsciLexerAVS>},
-        {QStringLiteral("Bash"), make<QsciLexerBash>},
+        {QStringLiteral("Bash"), makeForTable<QsciLexerBash>},
         {QStringLiteral("Batch"), make<QsciLexerBatch>},
-        {QStringLiteral("C"), make<QsciLexerCPP>},
-        {QStringLiteral("C++"), make<QsciLexerCPP>},
-        {QStringLiteral("C#"), make<QsciLexerCSharp>},
         {QStringLiteral("CMake"), make<QsciLexerCMake>},
         {QStringLiteral("CoffeeScript"), make<QsciLexerCoffeeScript>},
+        {QStringLiteral("CPP"), makeForTable<QsciLexerCPP>},
+        {QStringLiteral("CSharp"), make<QsciLexerCSharp>},
         {QStringLiteral("CSS"), make<QsciLexerCSS>},
         {QStringLiteral("D"), make<QsciLexerD>},
         {QStringLiteral("Diff"), make<QsciLexerDiff>},
         {QStringLiteral("EDIFACT"), make<QsciLexerEDIFACT>},
         {QStringLiteral("Fortran"), make<QsciLexerFortran>},
-        {QStringLiteral("Fortran 77"), make<QsciLexerFortran77>},
+        {QStringLiteral("Fortran77"), make<QsciLexerFortran77>},
         {QStringLiteral("HTML"), make<QsciLexerHTML>},
         {QStringLiteral("IDL"), make<QsciLexerIDL>},
         {QStringLiteral("Java"), make<QsciLexerJava>},
@@ -78,19 +96,20 @@ const QHash<QString, LexerMaker> &makers()
         {QStringLiteral("Lua"), make<QsciLexerLua>},
         {QStringLiteral("Makefile"), make<QsciLexerMakefile>},
         {QStringLiteral("Markdown"), make<QsciLexerMarkdown>},
-        {QStringLiteral("MATLAB"), make<QsciLexerMatlab>},
+        {QStringLiteral("Matlab"), make<QsciLexerMatlab>},
         {QStringLiteral("Octave"), make<QsciLexerOctave>},
         {QStringLiteral("Pascal"), make<QsciLexerPascal>},
         {QStringLiteral("Perl"), make<QsciLexerPerl>},
         {QStringLiteral("PO"), make<QsciLexerPO>},
         {QStringLiteral("PostScript"), make<QsciLexerPostScript>},
-        {QStringLiteral("POV-Ray"), make<QsciLexerPOV>},
-        {QStringLiteral("Properties"), make<QsciLexerProperties>},
-        {QStringLiteral("Python"), make<QsciLexerPython>},
+        {QStringLiteral("POV"), make<QsciLexerPOV>},
+        {QStringLiteral("Properties"), makeForTable<QsciLexerProperties>},
+        {QStringLiteral("Python"), makeForTable<QsciLexerPython>},
         {QStringLiteral("Ruby"), make<QsciLexerRuby>},
+        {QStringLiteral("Rust"), makeRust},
         {QStringLiteral("Spice"), make<QsciLexerSpice>},
         {QStringLiteral("SQL"), make<QsciLexerSQL>},
-        {QStringLiteral("Tcl"), make<QsciLexerTCL>},
+        {QStringLiteral("TCL"), make<QsciLexerTCL>},
         {QStringLiteral("TeX"), make<QsciLexerTeX>},
         {QStringLiteral("Verilog"), make<QsciLexerVerilog>},
         {QStringLiteral("VHDL"), make<QsciLexerVHDL>},
@@ -104,8 +123,8 @@ const QHash<QString, LexerMaker> &makers()
 
 QsciLexer *LanguageLexers::create(const QString &language, QObject *parent)
 {
-    const LexerMaker maker = makers().value(language);
-    return maker ? maker(parent) : nullptr;
+    const LexerMaker maker = makers().value(Languages::lexer(language));
+    return maker ? maker(language, parent) : nullptr;
 }
 
 } // namespace koru::sedgui

@@ -9,7 +9,9 @@ class QsciLexer;
 
 namespace koru::sedgui {
 
-// The syntax lexer that colours each language of Languages::names().
+// The syntax lexer that colours each language of Languages::names(): the lexer
+// Languages::lexer() names, with the language's own keyword sets and lexer
+// properties where the table gives them.
 class SEDGUI_EXPORT LanguageLexers
 {
 public:

@@ -1,6 +1,7 @@
 #include "dialogs/infobar.h"
 #include "dialogs/userprompt.h"
 #include "filereader.h"
+#include "languagedetector.h"
 #include "languages.h"
 #include "options/editorsettings.h"
 #include "safesaver.h"
@@ -93,12 +94,6 @@ QByteArray brokenForDisplay(const QByteArray &text)
     return shown;
 }
 
-QByteArray firstLineOf(const QByteArray &text)
-{
-    const qsizetype newline = text.indexOf('\n');
-    return text.left(newline < 0 ? std::min<qsizetype>(text.size(), 256) : newline);
-}
-
 QsciScintilla::EolMode eolMode(LineEnding ending)
 {
     switch (ending) {
@@ -129,7 +124,7 @@ bool SedGUI::openFile(const QString &path, QString *error)
         m_doc->untitledNumber = 0;
         m_doc->diskIdentity = FileIdentity();
         if (!m_doc->languageChosen)
-            applyLanguage(Languages::detect(absolute, {}));
+            applyLanguage(LanguageDetector::detect(absolute, {}));
         m_infoBar->showMessage(tr("%1 does not exist yet; it will be created when you save.")
                                    .arg(displayName(absolute)));
         m_doc->diskNoticeShown = true;
@@ -205,7 +200,7 @@ void SedGUI::applyDecoded(const QByteArray &utf8, bool keepUndo)
     // Before the text goes in: a lexer set afterwards would colour the whole
     // document at once instead of what is shown.
     if (!m_doc->languageChosen)
-        applyLanguage(huge ? QString() : Languages::detect(m_doc->filePath, firstLineOf(utf8)));
+        applyLanguage(huge ? QString() : LanguageDetector::detect(m_doc->filePath, utf8));
     if (replaceUndoably) {
         // One undo step: the user can take the reload back.
         m_editor->SendScintilla(QsciScintillaBase::SCI_BEGINUNDOACTION);
@@ -323,8 +318,10 @@ bool SedGUI::saveTo(const QString &path)
     m_editor->SendScintilla(QsciScintillaBase::SCI_SETSAVEPOINT);
     m_doc->forcedModified = false;
     if (renamed && !m_doc->languageChosen && !m_doc->hugeLines) {
-        const QString firstLine = m_editor->text(0);
-        applyLanguage(Languages::detect(path, firstLine.toUtf8()));
+        const auto *text = static_cast<const char *>(
+            m_editor->SendScintillaPtrResult(QsciScintillaBase::SCI_GETCHARACTERPOINTER));
+        applyLanguage(LanguageDetector::detect(
+            path, QByteArrayView(text, m_editor->SendScintilla(QsciScintillaBase::SCI_GETLENGTH))));
     }
     if (m_doc->diskNoticeShown) {
         m_infoBar->clearMessage();

@@ -179,6 +179,23 @@ private Q_SLOTS:
         QVERIFY(tool.save());
         QCOMPARE(FileOpsRunner::readFile(path), QByteArray("edit caf\xe9\n"));
     }
+    // The content picks the language on opening and on saving under a new
+    // name; once the user chose one, a reload or a new name keeps it.
+    void languageFollowsContentUntilChosen()
+    {
+        PromptRecorder prompts;
+        SedGUI tool;
+        QVERIFY(tool.openFile(file("script", "#!/usr/bin/env python3\nprint(1)\n"), nullptr));
+        QCOMPARE(tool.languageName(), QStringLiteral("Python"));
+        tool.editor()->setText(QStringLiteral("x\n# vim: ft=ruby\n"));
+        QVERIFY(tool.saveTo(m_dir.filePath(QStringLiteral("renamed.txt"))));
+        QCOMPARE(tool.languageName(), QStringLiteral("Ruby"));
+        tool.setLanguage(QStringLiteral("Go"));
+        QVERIFY(tool.reloadWithEncoding("ISO-8859-1"));
+        QVERIFY(tool.saveTo(m_dir.filePath(QStringLiteral("again.py"))));
+        QCOMPARE(tool.languageName(), QStringLiteral("Go"));
+        QVERIFY(prompts.asked.isEmpty());
+    }
 };
 
 QTEST_MAIN(TestSedGUI)
