@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QIcon>
 #include <QLibraryInfo>
+#include <QLoggingCategory>
 #include <QTranslator>
 
 namespace {
@@ -33,6 +34,10 @@ void AppSetup::apply(QApplication &app)
         applicationId(),
         QIcon(QStringLiteral(":/sourceeditor/icons/") + applicationId() + QStringLiteral(".svg"))));
     installTranslations(app);
+    // The traces of menu commands and window checks are for developers: off
+    // unless QT_LOGGING_RULES turns them on ("default.debug=true"), which
+    // Qt applies after the rules set here.
+    QLoggingCategory::setFilterRules(QStringLiteral("default.debug=false"));
 }
 
 int AppSetup::installTranslations(QCoreApplication &app, const QLocale &locale)
