@@ -12,7 +12,9 @@ class QsciScintilla;
 namespace koru::sedgui {
 
 struct DocumentState;
+class Indentation;
 class InfoBar;
+class StatusStrip;
 struct TextFormat;
 
 // The editor tool: one document in one tab.
@@ -166,6 +168,10 @@ private:
 
     // Members of find, print and view (sedgui_find.cpp, sedgui_print.cpp,
     // sedgui_view.cpp) go below this line.
+
+    // Indentation and the status strip (tool/indentation.h, dialogs/statusstrip.h).
+    Indentation *m_indentation = nullptr;
+    StatusStrip *m_statusStrip = nullptr;
 };
 
 } // namespace koru::sedgui

@@ -27,6 +27,7 @@ void EditorOptionsPage::ensureControls()
     m_font = new QFontComboBox(this);
     m_fontSize = new QSpinBox(this);
     m_tabWidth = new QSpinBox(this);
+    m_indentWidth = new QSpinBox(this);
     m_indentWithSpaces = new QCheckBox(tr("Indent with &spaces"), this);
     m_autoIndent = new QCheckBox(tr("&Automatic indentation"), this);
     m_lineNumbers = new QCheckBox(tr("Show line &numbers"), this);
@@ -38,6 +39,7 @@ void EditorOptionsPage::ensureControls()
         {m_font, "font"},
         {m_fontSize, "fontSize"},
         {m_tabWidth, "tabWidth"},
+        {m_indentWidth, "indentWidth"},
         {m_indentWithSpaces, "indentWithSpaces"},
         {m_autoIndent, "autoIndent"},
         {m_lineNumbers, "lineNumbers"},
@@ -52,11 +54,15 @@ void EditorOptionsPage::ensureControls()
     m_fontSize->setRange(EditorSettings::MinFontSize, EditorSettings::MaxFontSize);
     m_fontSize->setSuffix(tr(" pt"));
     m_tabWidth->setRange(EditorSettings::MinTabWidth, EditorSettings::MaxTabWidth);
+    m_indentWidth->setRange(EditorSettings::MinTabWidth, EditorSettings::MaxTabWidth);
+    m_indentWidth->setToolTip(tr("Columns per indentation level. A file's .editorconfig and "
+                                 "the indentation found in an opened file come first."));
 
     auto *form = new QFormLayout;
     form->addRow(tr("&Font:"), m_font);
     form->addRow(tr("Font si&ze:"), m_fontSize);
     form->addRow(tr("&Tab width:"), m_tabWidth);
+    form->addRow(tr("In&dent width:"), m_indentWidth);
 
     auto *layout = new QVBoxLayout(this);
     layout->addLayout(form);
@@ -73,6 +79,7 @@ void EditorOptionsPage::showValues(const EditorSettings::Values &values)
     m_font->setCurrentFont(values.font);
     m_fontSize->setValue(values.font.pointSize());
     m_tabWidth->setValue(values.tabWidth);
+    m_indentWidth->setValue(values.indentWidth);
     m_indentWithSpaces->setChecked(values.indentWithSpaces);
     m_autoIndent->setChecked(values.autoIndent);
     m_lineNumbers->setChecked(values.lineNumbers);
@@ -92,6 +99,7 @@ void EditorOptionsPage::readValues(EditorSettings::Values *values) const
     font.setPointSize(m_fontSize->value());
     values->font = font;
     values->tabWidth = m_tabWidth->value();
+    values->indentWidth = m_indentWidth->value();
     values->indentWithSpaces = m_indentWithSpaces->isChecked();
     values->autoIndent = m_autoIndent->isChecked();
     values->lineNumbers = m_lineNumbers->isChecked();

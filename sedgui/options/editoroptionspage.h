@@ -33,6 +33,7 @@ private:
     QFontComboBox *m_font = nullptr;
     QSpinBox *m_fontSize = nullptr;
     QSpinBox *m_tabWidth = nullptr;
+    QSpinBox *m_indentWidth = nullptr;
     QCheckBox *m_indentWithSpaces = nullptr;
     QCheckBox *m_autoIndent = nullptr;
     QCheckBox *m_lineNumbers = nullptr;

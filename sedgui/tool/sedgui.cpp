@@ -7,6 +7,7 @@
 #include "templatetree.h"
 #include "tool/documentstate.h"
 #include "tool/editorcommands.h"
+#include "tool/indentation.h"
 #include "toolargs.h"
 
 #include <QApplication>
@@ -168,6 +169,7 @@ SedGUI::SedGUI(QWidget *parent)
         m_connections.append(
             new Connection(nullptr, state.signal, state.action, "1setEnabled(bool)"));
 
+    m_indentation = new Indentation(m_editor, this);
     applySettings();
     TemplateTree::Instance()->addDocument(this);
 }
