@@ -53,7 +53,7 @@ void Indentation::choose(bool useTabs, int width)
 {
     m_chosen = true;
     m_chosenTabs = useTabs;
-    m_chosenWidth = width;
+    (useTabs ? m_chosenTabWidth : m_chosenIndentWidth) = width;
     update();
 }
 
@@ -79,12 +79,14 @@ void Indentation::update()
         m_useTabs = m_settingsTabs;
     }
 
-    m_tabWidth = m_config.tabWidth > 0 ? m_config.tabWidth : m_settingsTabWidth;
-    if (m_chosen && m_chosenTabs)
-        m_tabWidth = m_chosenWidth;
+    m_tabWidth = m_chosenTabWidth > 0    ? m_chosenTabWidth
+                 : m_config.tabWidth > 0 ? m_config.tabWidth
+                                         : m_settingsTabWidth;
 
-    if (m_chosen)
-        m_indentWidth = m_chosenTabs ? m_tabWidth : m_chosenWidth;
+    if (m_chosen && m_chosenTabs)
+        m_indentWidth = m_tabWidth;
+    else if (m_chosen && m_chosenIndentWidth > 0)
+        m_indentWidth = m_chosenIndentWidth;
     else if (m_config.indentSizeIsTab)
         m_indentWidth = m_tabWidth;
     else if (m_config.indentSize > 0)

@@ -72,7 +72,8 @@ private:
     int m_settingsIndentWidth = 4;
     bool m_chosen = false;
     bool m_chosenTabs = false;
-    int m_chosenWidth = 0;
+    int m_chosenTabWidth = 0; // 0: none chosen
+    int m_chosenIndentWidth = 0;
 
     bool m_useTabs = false;
     int m_tabWidth = 4;

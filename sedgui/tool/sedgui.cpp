@@ -2,10 +2,12 @@
 
 #include "connection.h"
 #include "dialogs/infobar.h"
+#include "dialogs/statusstrip.h"
 #include "dialogs/userprompt.h"
 #include "options/editorsettings.h"
 #include "templatetree.h"
 #include "tool/documentstate.h"
+#include "tool/editoractions.h"
 #include "tool/editorcommands.h"
 #include "tool/indentation.h"
 #include "toolargs.h"
@@ -171,6 +173,9 @@ SedGUI::SedGUI(QWidget *parent)
 
     m_indentation = new Indentation(m_editor, this);
     applySettings();
+    m_statusStrip = new StatusStrip(
+        this, findChild<EditorActions *>(QString(), Qt::FindDirectChildrenOnly), m_indentation);
+    layout->addWidget(m_statusStrip);
     TemplateTree::Instance()->addDocument(this);
 }
 
@@ -360,6 +365,8 @@ void SedGUI::emitEditState(bool force)
 void SedGUI::updateTitle()
 {
     emit sigTitleChange(this);
+    if (m_statusStrip)
+        m_statusStrip->refresh();
 }
 
 void SedGUI::setForcedModified(bool modified)
