@@ -701,6 +701,10 @@ Es behält die Kodierung %3.</translation>
         <source>In&amp;dent width:</source>
         <translation>&amp;Einrückungsbreite:</translation>
     </message>
+    <message>
+        <source>&amp;Close brackets and quotes as they are typed</source>
+        <translation>Klammern und Anführungszeichen beim Tippen s&amp;chließen</translation>
+    </message>
 </context>
 <context>
     <name>koru::sedgui::FileReader</name>

@@ -35,6 +35,7 @@ void EditorOptionsPage::ensureControls()
     m_showWhitespace = new QCheckBox(tr("Show &whitespace"), this);
     m_highlightCurrentLine = new QCheckBox(tr("&Highlight the current line"), this);
     m_braceMatching = new QCheckBox(tr("Highlight matching &braces"), this);
+    m_autoCloseBrackets = new QCheckBox(tr("&Close brackets and quotes as they are typed"), this);
     const std::pair<QWidget *, const char *> names[] = {
         {m_font, "font"},
         {m_fontSize, "fontSize"},
@@ -47,6 +48,7 @@ void EditorOptionsPage::ensureControls()
         {m_showWhitespace, "showWhitespace"},
         {m_highlightCurrentLine, "highlightCurrentLine"},
         {m_braceMatching, "braceMatching"},
+        {m_autoCloseBrackets, "autoCloseBrackets"},
     };
     for (const auto &[widget, name] : names) {
         widget->setObjectName(QLatin1String(name));
@@ -66,8 +68,9 @@ void EditorOptionsPage::ensureControls()
 
     auto *layout = new QVBoxLayout(this);
     layout->addLayout(form);
-    for (QCheckBox *box : {m_indentWithSpaces, m_autoIndent, m_lineNumbers, m_wordWrap,
-                           m_showWhitespace, m_highlightCurrentLine, m_braceMatching}) {
+    for (QCheckBox *box :
+         {m_indentWithSpaces, m_autoIndent, m_lineNumbers, m_wordWrap, m_showWhitespace,
+          m_highlightCurrentLine, m_braceMatching, m_autoCloseBrackets}) {
         layout->addWidget(box);
     }
     layout->addStretch(1);
@@ -87,6 +90,7 @@ void EditorOptionsPage::showValues(const EditorSettings::Values &values)
     m_showWhitespace->setChecked(values.showWhitespace);
     m_highlightCurrentLine->setChecked(values.highlightCurrentLine);
     m_braceMatching->setChecked(values.braceMatching);
+    m_autoCloseBrackets->setChecked(values.autoCloseBrackets);
 }
 
 void EditorOptionsPage::readValues(EditorSettings::Values *values) const
@@ -107,6 +111,7 @@ void EditorOptionsPage::readValues(EditorSettings::Values *values) const
     values->showWhitespace = m_showWhitespace->isChecked();
     values->highlightCurrentLine = m_highlightCurrentLine->isChecked();
     values->braceMatching = m_braceMatching->isChecked();
+    values->autoCloseBrackets = m_autoCloseBrackets->isChecked();
 }
 
 void EditorOptionsPage::refreshPage()

@@ -41,6 +41,7 @@ private:
     QCheckBox *m_showWhitespace = nullptr;
     QCheckBox *m_highlightCurrentLine = nullptr;
     QCheckBox *m_braceMatching = nullptr;
+    QCheckBox *m_autoCloseBrackets = nullptr;
 };
 
 } // namespace koru::sedgui

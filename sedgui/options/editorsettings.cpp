@@ -22,6 +22,7 @@ const QString s_wordWrap = QStringLiteral("Editor/WordWrap");
 const QString s_showWhitespace = QStringLiteral("Editor/ShowWhitespace");
 const QString s_highlightCurrentLine = QStringLiteral("Editor/HighlightCurrentLine");
 const QString s_braceMatching = QStringLiteral("Editor/BraceMatching");
+const QString s_autoCloseBrackets = QStringLiteral("Editor/AutoCloseBrackets");
 
 const QString s_defaultEncoding = QStringLiteral("Files/DefaultEncoding");
 const QString s_defaultLineEnding = QStringLiteral("Files/DefaultLineEnding");
@@ -108,6 +109,7 @@ EditorSettings::Values EditorSettings::load()
     values.highlightCurrentLine =
         readBool(settings, s_highlightCurrentLine, values.highlightCurrentLine);
     values.braceMatching = readBool(settings, s_braceMatching, values.braceMatching);
+    values.autoCloseBrackets = readBool(settings, s_autoCloseBrackets, values.autoCloseBrackets);
 
     const QByteArray encoding = TextFileCodec::canonicalEncoding(
         settings.value(s_defaultEncoding).toString().trimmed().toLatin1());
@@ -141,6 +143,7 @@ bool EditorSettings::store(const Values &values)
     settings.setValue(s_showWhitespace, values.showWhitespace);
     settings.setValue(s_highlightCurrentLine, values.highlightCurrentLine);
     settings.setValue(s_braceMatching, values.braceMatching);
+    settings.setValue(s_autoCloseBrackets, values.autoCloseBrackets);
 
     settings.setValue(s_defaultEncoding, QString::fromLatin1(values.defaultEncoding));
     settings.setValue(s_defaultLineEnding, lineEndingName(values.defaultLineEnding));

@@ -27,6 +27,8 @@ public:
         bool showWhitespace = false;
         bool highlightCurrentLine = true;
         bool braceMatching = true;
+        // Brackets and quotes close themselves and wrap a selection.
+        bool autoCloseBrackets = true;
 
         QByteArray defaultEncoding = "UTF-8";
         LineEnding defaultLineEnding = LineEnding::LF;

@@ -10,6 +10,7 @@
 #include "tool/editoractions.h"
 #include "tool/editorcommands.h"
 #include "tool/indentation.h"
+#include "tool/typingassist.h"
 #include "toolargs.h"
 
 #include <QApplication>
@@ -172,6 +173,7 @@ SedGUI::SedGUI(QWidget *parent)
             new Connection(nullptr, state.signal, state.action, "1setEnabled(bool)"));
 
     m_indentation = new Indentation(m_editor, this);
+    m_typing = new TypingAssist(m_editor, this);
     applySettings();
     m_statusStrip = new StatusStrip(
         this, findChild<EditorActions *>(QString(), Qt::FindDirectChildrenOnly), m_indentation);

@@ -4,6 +4,7 @@
 #include "tool/editoractions.h"
 #include "tool/editorcommands.h"
 #include "tool/indentation.h"
+#include "tool/typingassist.h"
 
 #include <QPalette>
 
@@ -59,6 +60,7 @@ void SedGUI::applySettings()
     applyFont(editor, values.font);
     m_indentation->setSettings(!values.indentWithSpaces, values.tabWidth, values.indentWidth);
     editor->setAutoIndent(values.autoIndent);
+    m_typing->setAutoClose(values.autoCloseBrackets);
     editor->setBackspaceUnindents(true);
     editorActions(this)->setLineNumbersVisible(values.lineNumbers);
     editor->setWrapMode(values.wordWrap && !hasHugeLines() ? QsciScintilla::WrapWord
