@@ -1102,13 +1102,6 @@ Neu laden?</translation>
             <numerusform>%n Zeichen</numerusform>
         </translation>
     </message>
-    <message numerus="yes">
-        <source>(%1, %n lines)</source>
-        <translation>
-            <numerusform>(%1, %n Zeile)</numerusform>
-            <numerusform>(%1, %n Zeilen)</numerusform>
-        </translation>
-    </message>
     <message>
         <source>%1 with BOM</source>
         <translation>%1 mit BOM</translation>
@@ -1124,6 +1117,13 @@ Neu laden?</translation>
     <message>
         <source>INS</source>
         <translation>EINF</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n lines</source>
+        <translation>
+            <numerusform>%n Zeile</numerusform>
+            <numerusform>%n Zeilen</numerusform>
+        </translation>
     </message>
 </context>
 <context>

@@ -139,10 +139,10 @@ QString StatusStrip::positionText() const
         return text + QLatin1Char(' ') + tr("(%n lines selected)", nullptr, int(lines));
     const long characters =
         editor->SendScintilla(QsciScintillaBase::SCI_COUNTCHARACTERS, start, end);
-    const QString chars = tr("%n chars", nullptr, int(characters));
-    return text + QLatin1Char(' ') +
-           (lines > 1 ? tr("(%1, %n lines)", nullptr, int(lines)).arg(chars)
-                      : QStringLiteral("(%1)").arg(chars));
+    QString selected = tr("%n chars", nullptr, int(characters));
+    if (lines > 1)
+        selected += QStringLiteral(", ") + tr("%n lines", nullptr, int(lines));
+    return text + QStringLiteral(" (") + selected + QLatin1Char(')');
 }
 
 void StatusStrip::refresh()
