@@ -1,11 +1,15 @@
 #include "baseusrsettings.h"
+#include "dialogs/statusstrip.h"
 #include "options/editorsettings.h"
 #include "sedgui.h"
-#include "textformat.h"
+#include "tool/editoractions.h"
+#include "tool/typingassist.h"
 
 #include <QFile>
+#include <QMenu>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QToolButton>
 
 #include <Qsci/qsciscintilla.h>
 
@@ -24,10 +28,10 @@ void storeSettings(bool tabs, int tabWidth, int indentWidth)
 
 QString describe(const QsciScintilla *editor)
 {
-    return QStringLiteral("%1 tab=%2 indent=%3")
+    return QStringLiteral("%1 %2/%3")
         .arg(editor->indentationsUseTabs() ? "tabs" : "spaces")
         .arg(editor->tabWidth())
-        .arg(editor->indentationWidth() ? editor->indentationWidth() : editor->tabWidth());
+        .arg(editor->indentationWidth());
 }
 
 bool writeFile(const QString &path, const QByteArray &bytes)
@@ -36,10 +40,19 @@ bool writeFile(const QString &path, const QByteArray &bytes)
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
 }
 
-QByteArray readFile(const QString &path)
+QString shown(const SedGUI &tool)
 {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<unreadable>");
+    QStringList texts;
+    for (const char *name :
+         {"position", "encoding", "lineEnding", "indentation", "syntax", "overwrite"})
+        texts << tool.findChild<StatusStrip *>()->entry(QLatin1String(name))->text();
+    return texts.join(QLatin1String(" | "));
+}
+
+void choose(QMenu *menu, const char *name)
+{
+    Q_EMIT menu->aboutToShow();
+    menu->findChild<QAction *>(QLatin1String(name))->trigger();
 }
 
 } // namespace
@@ -51,51 +64,31 @@ class TstIndentation : public QObject
 private Q_SLOTS:
     void init() { BaseUsrSettings("SRC_EDITOR").clear(); }
 
-    // The settings are tabs-or-spaces plus width first, then the opposite
-    // with tab width 5 and indent width 3: a document keeps what its
-    // .editorconfig, language or lines say and takes the rest from the settings.
-    // "typed" is the line made by Enter then Tab at the end of the first line.
+    // Opened with settings of tabs-or-spaces and widths 4 ("tabs 4/4": tabs,
+    // tab width 4, indent width 4), then the opposite with widths 5 and 3.
     void sourcesInOrder_data()
     {
         QTest::addColumn<QByteArray>("editorconfig");
         QTest::addColumn<QString>("fileName");
         QTest::addColumn<QByteArray>("content");
         QTest::addColumn<bool>("settingsTabs");
-        QTest::addColumn<int>("settingsWidth");
         QTest::addColumn<QString>("before");
         QTest::addColumn<QString>("after");
-        QTest::addColumn<QString>("typed");
-
-        QTest::newRow("Makefile: tabs whatever the settings and lines")
-            << QByteArray() << "Makefile" << QByteArray("all:\n    cc -o x x.c\n") << false << 4
-            << "tabs tab=4 indent=4"
-            << "tabs tab=5 indent=5"
-            << "\t";
-        QTest::newRow("tab-indented C over settings with spaces")
-            << QByteArray() << "x.c" << QByteArray("int f()\n{\n\treturn 0;\n}\n") << false << 4
-            << "tabs tab=4 indent=4"
-            << "tabs tab=5 indent=5"
-            << "\t";
-        QTest::newRow("4-space Python over settings with tabs")
-            << QByteArray() << "x.py" << QByteArray("def f():\n    return 1\n") << true << 8
-            << "spaces tab=8 indent=4"
-            << "spaces tab=5 indent=4"
-            << "    ";
-        QTest::newRow("nothing in the file: the settings")
-            << QByteArray() << "x.txt" << QByteArray("a\nb\n") << false << 2
-            << "spaces tab=2 indent=2"
-            << "tabs tab=5 indent=3"
-            << "   ";
-        QTest::newRow(".editorconfig over the language")
-            << QByteArray("[Makefile]\nindent_style = space\nindent_size = 2\n") << "Makefile"
-            << QByteArray("all:\n\tcc\n") << true << 8 << "spaces tab=2 indent=2"
-            << "spaces tab=2 indent=2"
-            << "  ";
-        QTest::newRow(".editorconfig's tab width, the lines' indentation")
-            << QByteArray("[*.js]\ntab_width = 3\n") << "x.js"
-            << QByteArray("if (a) {\n  b();\n}\n") << true << 8 << "spaces tab=3 indent=2"
-            << "spaces tab=3 indent=2"
-            << "  ";
+        const auto row = [](const char *tag, const char *config, const char *name,
+                            const char *content, bool tabs, const char *before, const char *after) {
+            QTest::newRow(tag) << QByteArray(config) << QString(name) << QByteArray(content) << tabs
+                               << QString(before) << QString(after);
+        };
+        row("Makefile: tabs whatever the settings and lines", "", "Makefile",
+            "all:\n    cc -o x x.c\n", false, "tabs 4/4", "tabs 5/5");
+        row("tab-indented C over settings with spaces", "", "x.c", "int f()\n{\n\treturn 0;\n}\n",
+            false, "tabs 4/4", "tabs 5/5");
+        row("4-space Python over settings with tabs", "", "x.py", "def f():\n    return 1\n", true,
+            "spaces 4/4", "spaces 5/4");
+        row("nothing in the file: the settings", "", "x.txt", "a\nb\n", false, "spaces 4/4",
+            "tabs 5/3");
+        row(".editorconfig over the language", "[Makefile]\nindent_style=space\nindent_size=2",
+            "Makefile", "all:\n\tcc\n", true, "spaces 2/2", "spaces 2/2");
     }
     void sourcesInOrder()
     {
@@ -103,41 +96,31 @@ private Q_SLOTS:
         QFETCH(QString, fileName);
         QFETCH(QByteArray, content);
         QFETCH(bool, settingsTabs);
-        QFETCH(int, settingsWidth);
         QFETCH(QString, before);
         QFETCH(QString, after);
-        QFETCH(QString, typed);
 
         QTemporaryDir dir;
         QVERIFY(writeFile(dir.filePath(".editorconfig"), "root = true\n" + editorconfig));
         QVERIFY(writeFile(dir.filePath(fileName), content));
-        storeSettings(settingsTabs, settingsWidth, settingsWidth);
+        storeSettings(settingsTabs, 4, 4);
         SedGUI tool;
         QVERIFY(tool.openFile(dir.filePath(fileName), nullptr));
         QsciScintilla *editor = tool.editor();
         QCOMPARE(describe(editor), before);
-
         storeSettings(!settingsTabs, 5, 3);
         tool.applySettings();
         QCOMPARE(describe(editor), after);
-
-        editor->setCursorPosition(0, editor->text(0).trimmed().size());
-        QTest::keyClick(editor, Qt::Key_Return);
-        QTest::keyClick(editor, Qt::Key_Tab);
-        QCOMPARE(editor->text(1), typed + QLatin1Char('\n'));
     }
 
-    // A file made by this document is written as its .editorconfig says;
-    // one that exists keeps its own format. Saving honours the trimming and
-    // final newline properties.
+    // A file this document creates is written as its .editorconfig says; an
+    // existing one keeps its format. Saving trims and adds the final newline.
     void newFilesTakeTheEditorConfigFormat_data()
     {
         QTest::addColumn<int>("kind"); // 0 untitled, 1 path not existing yet, 2 existing file
         QTest::addColumn<QByteArray>("saved");
-        const QByteArray written = "a\r\n\xe9\r\n";
-        QTest::newRow("untitled, saved to a new path") << 0 << written;
-        QTest::newRow("opened at a path that does not exist") << 1 << written;
-        QTest::newRow("existing file keeps its format") << 2 << QByteArray("a\n\xc3\xa9\n");
+        QTest::newRow("untitled, saved to a new path") << 0 << QByteArray("a\r\n\xe9\r\n");
+        QTest::newRow("opened where nothing is yet") << 1 << QByteArray("a\r\n\xe9\r\n");
+        QTest::newRow("existing file") << 2 << QByteArray("a\n\xc3\xa9\n");
     }
     void newFilesTakeTheEditorConfigFormat()
     {
@@ -148,17 +131,92 @@ private Q_SLOTS:
                           "root = true\n[*]\nend_of_line = crlf\ncharset = latin1\n"
                           "trim_trailing_whitespace = true\ninsert_final_newline = true\n"));
         const QString path = dir.filePath("new.txt");
-        if (kind == 2)
-            QVERIFY(writeFile(path, "x\n"));
+        QVERIFY(kind < 2 || writeFile(path, "x\n"));
         SedGUI tool;
-        if (kind > 0)
-            QVERIFY(tool.openFile(path, nullptr));
+        QVERIFY(kind == 0 || tool.openFile(path, nullptr));
         tool.editor()->selectAll();
         QTest::keyClicks(tool.editor(), QStringLiteral("a  "));
         QTest::keyClick(tool.editor(), Qt::Key_Return);
         tool.editor()->insert(QStringLiteral("\u00e9"));
         QVERIFY(tool.saveTo(path));
-        QCOMPARE(readFile(path), saved);
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), saved);
+    }
+
+    // Choices in the strip's (the View menu's) menus show at once, and an
+    // indentation chosen for the document outlives a change of the settings.
+    void stripChoicesShowAtOnce()
+    {
+        SedGUI tool;
+        auto *actions = tool.findChild<EditorActions *>();
+        choose(actions->indentationMenu(), "indentTabs");
+        choose(actions->indentationMenu(), "indentWidth8");
+        choose(actions->indentationMenu(), "indentSpaces");
+        choose(actions->indentationMenu(), "indentWidth2");
+        tool.applySettings();
+        QCOMPARE(describe(tool.editor()), "spaces 8/2");
+        tool.editor()->setText(QStringLiteral("\tx\u00e9\ny")); // caret after the tab:
+        tool.editor()->setSelection(1, 0, 0, 1);                // columns, characters, whole lines
+        choose(actions->lineEndingMenu(), "lineEndingCRLF");
+        tool.findChild<StatusStrip *>()->entry("overwrite")->click();
+        QCOMPARE(shown(tool),
+                 "Ln 1, Col 9 (4 chars) | UTF-8 | CRLF | Spaces: 2 | Plain Text | OVR");
+        QTest::keyClick(tool.editor(), Qt::Key_Insert);
+        QTRY_COMPARE(tool.findChild<StatusStrip *>()->entry("overwrite")->text(), "INS");
+    }
+
+    // Texts show the caret as "|" and a selection's anchor as "<".
+    void typingAssist_data()
+    {
+        QTest::addColumn<QString>("language");
+        QTest::addColumn<QString>("before");
+        QTest::addColumn<QStringList>("keys");
+        QTest::addColumn<QString>("after");
+        QTest::addColumn<bool>("autoClose");
+        const auto row = [](const char *tag, const char *before, const QStringList &keys,
+                            const char *after, bool autoClose = true, const char *language = "") {
+            QTest::newRow(tag) << QString(language) << QString(before) << keys << QString(after)
+                               << autoClose;
+        };
+        row("typing over the closers", "f|", {"(", "[", "x", "]", ")", ";"}, "f([x]);|");
+        row("a closer already there is typed", "f(|)", {")"}, "f()|)");
+        row("quotes pair; not after a letter", "s = |", {"\"", "a", "\"", "x", "'"},
+            "s = \"a\"x'|");
+        row("selection wrapped, stays selected", "a <bc| d", {"["}, "a [<bc|] d");
+        row("backspace removes the pair", "f|", {"(", "Backspace"}, "f|");
+        row("option off", "f<x|", {"(", "\"", "Backspace"}, "f(|", false);
+        row("closing brace goes to its block", "{\n    if (x) {\n        y();\n        |", {"}"},
+            "{\n    if (x) {\n        y();\n    }|");
+        row("closed blocks and comments skipped", "f()\n{\n\tif (x) {\n\t}\n\t// {\n\t\t|", {"}"},
+            "f()\n{\n\tif (x) {\n\t}\n\t// {\n}|", true, "C");
+        row("Alt with a letter types nothing", "a|", {"Alt+J", "Alt+Shift+F"}, "a|");
+    }
+    void typingAssist()
+    {
+        QFETCH(QString, language);
+        QFETCH(QString, before);
+        QFETCH(QStringList, keys);
+        QFETCH(QString, after);
+        QFETCH(bool, autoClose);
+        SedGUI tool;
+        tool.setLanguage(language);
+        tool.findChild<TypingAssist *>()->setAutoClose(autoClose);
+        QsciScintilla *editor = tool.editor();
+        const qsizetype anchor = before.indexOf('<'); // before the caret
+        const qsizetype caret = before.remove('<').indexOf('|');
+        editor->setText(before.remove('|'));
+        editor->SendScintilla(QsciScintillaBase::SCI_SETSEL, anchor >= 0 ? anchor : caret, caret);
+        for (const QString &key : keys)
+            QTest::keyClick(editor, QKeySequence(key)[0].key(),
+                            QKeySequence(key)[0].keyboardModifiers());
+        QString text = editor->text();
+        const long end = editor->SendScintilla(QsciScintillaBase::SCI_GETCURRENTPOS);
+        const long start = editor->SendScintilla(QsciScintillaBase::SCI_GETANCHOR);
+        text.insert(end, '|');
+        if (start != end)
+            text.insert(start < end ? start : start + 1, '<');
+        QCOMPARE(text, after);
     }
 };
 
