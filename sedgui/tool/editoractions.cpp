@@ -355,6 +355,7 @@ void EditorActions::fillSyntaxMenu()
 void EditorActions::fillIndentationMenu()
 {
     m_indentationMenu->clear();
+    qDeleteAll(m_indentationMenu->findChildren<QActionGroup *>(Qt::FindDirectChildrenOnly));
     auto *indentation = m_tool->findChild<Indentation *>(QString(), Qt::FindDirectChildrenOnly);
     if (!indentation) {
         return;
