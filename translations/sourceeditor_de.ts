@@ -630,6 +630,22 @@ Es behält die Kodierung %3.</translation>
         <source>Plain Text</source>
         <translation>Reiner Text</translation>
     </message>
+    <message>
+        <source>In&amp;dentation</source>
+        <translation>Ein&amp;rückung</translation>
+    </message>
+    <message>
+        <source>Indent with &amp;Tabs</source>
+        <translation>Mit &amp;Tabulatoren einrücken</translation>
+    </message>
+    <message>
+        <source>Indent with &amp;Spaces</source>
+        <translation>Mit &amp;Leerzeichen einrücken</translation>
+    </message>
+    <message>
+        <source>Width: %1</source>
+        <translation>Breite: %1</translation>
+    </message>
 </context>
 <context>
     <name>koru::sedgui::EditorOptionsPage</name>
@@ -676,6 +692,18 @@ Es behält die Kodierung %3.</translation>
     <message>
         <source>&amp;Tab width:</source>
         <translation>&amp;Tabulatorbreite:</translation>
+    </message>
+    <message>
+        <source>Columns per indentation level. A file&apos;s .editorconfig and the indentation found in an opened file come first.</source>
+        <translation>Spalten je Einrückungsebene. Die .editorconfig einer Datei und die in einer geöffneten Datei gefundene Einrückung haben Vorrang.</translation>
+    </message>
+    <message>
+        <source>In&amp;dent width:</source>
+        <translation>&amp;Einrückungsbreite:</translation>
+    </message>
+    <message>
+        <source>&amp;Close brackets and quotes as they are typed</source>
+        <translation>Klammern und Anführungszeichen beim Tippen s&amp;chließen</translation>
     </message>
 </context>
 <context>
@@ -819,6 +847,37 @@ Es behält die Kodierung %3.</translation>
     <message>
         <source>Type a line number, or line:column such as 12:5.</source>
         <translation>Geben Sie eine Zeilennummer ein, oder Zeile:Spalte wie 12:5.</translation>
+    </message>
+</context>
+<context>
+    <name>koru::sedgui::Indentation</name>
+    <message>
+        <source>Tabs: %1</source>
+        <translation>Tabulatoren: %1</translation>
+    </message>
+    <message>
+        <source>Spaces: %1</source>
+        <translation>Leerzeichen: %1</translation>
+    </message>
+    <message>
+        <source>Chosen for this document</source>
+        <translation>Für dieses Dokument gewählt</translation>
+    </message>
+    <message>
+        <source>Set by .editorconfig</source>
+        <translation>Durch .editorconfig festgelegt</translation>
+    </message>
+    <message>
+        <source>%1 files are indented with tabs</source>
+        <translation>%1-Dateien werden mit Tabulatoren eingerückt</translation>
+    </message>
+    <message>
+        <source>Found in the file&apos;s lines</source>
+        <translation>In den Zeilen der Datei gefunden</translation>
+    </message>
+    <message>
+        <source>From the editor options</source>
+        <translation>Aus den Editor-Optionen</translation>
     </message>
 </context>
 <context>
@@ -1001,6 +1060,70 @@ Neu laden?</translation>
     <message>
         <source>%1 could not be printed: the printer or the output file is not available.</source>
         <translation>%1 konnte nicht gedruckt werden: der Drucker oder die Ausgabedatei ist nicht verfügbar.</translation>
+    </message>
+</context>
+<context>
+    <name>koru::sedgui::StatusStrip</name>
+    <message>
+        <source>Line and column; click to go to a line</source>
+        <translation>Zeile und Spalte; klicken, um zu einer Zeile zu springen</translation>
+    </message>
+    <message>
+        <source>Encoding</source>
+        <translation>Kodierung</translation>
+    </message>
+    <message>
+        <source>Line ending</source>
+        <translation>Zeilenende</translation>
+    </message>
+    <message>
+        <source>Syntax colouring</source>
+        <translation>Syntaxhervorhebung</translation>
+    </message>
+    <message>
+        <source>Insert or overwrite typed text</source>
+        <translation>Getippten Text einfügen oder überschreiben</translation>
+    </message>
+    <message>
+        <source>Ln %1, Col %2</source>
+        <translation>Z %1, Sp %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>(%n lines selected)</source>
+        <translation>
+            <numerusform>(%n Zeile ausgewählt)</numerusform>
+            <numerusform>(%n Zeilen ausgewählt)</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n chars</source>
+        <translation>
+            <numerusform>%n Zeichen</numerusform>
+            <numerusform>%n Zeichen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 with BOM</source>
+        <translation>%1 mit BOM</translation>
+    </message>
+    <message>
+        <source>Plain Text</source>
+        <translation>Reiner Text</translation>
+    </message>
+    <message>
+        <source>OVR</source>
+        <translation>ÜB</translation>
+    </message>
+    <message>
+        <source>INS</source>
+        <translation>EINF</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n lines</source>
+        <translation>
+            <numerusform>%n Zeile</numerusform>
+            <numerusform>%n Zeilen</numerusform>
+        </translation>
     </message>
 </context>
 <context>

@@ -12,7 +12,10 @@ class QsciScintilla;
 namespace koru::sedgui {
 
 struct DocumentState;
+class Indentation;
 class InfoBar;
+class StatusStrip;
+class TypingAssist;
 struct TextFormat;
 
 // The editor tool: one document in one tab.
@@ -166,6 +169,12 @@ private:
 
     // Members of find, print and view (sedgui_find.cpp, sedgui_print.cpp,
     // sedgui_view.cpp) go below this line.
+
+    // Indentation, typing help and the status strip (tool/indentation.h,
+    // tool/typingassist.h, dialogs/statusstrip.h).
+    Indentation *m_indentation = nullptr;
+    TypingAssist *m_typing = nullptr;
+    StatusStrip *m_statusStrip = nullptr;
 };
 
 } // namespace koru::sedgui

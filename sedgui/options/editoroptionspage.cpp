@@ -27,6 +27,7 @@ void EditorOptionsPage::ensureControls()
     m_font = new QFontComboBox(this);
     m_fontSize = new QSpinBox(this);
     m_tabWidth = new QSpinBox(this);
+    m_indentWidth = new QSpinBox(this);
     m_indentWithSpaces = new QCheckBox(tr("Indent with &spaces"), this);
     m_autoIndent = new QCheckBox(tr("&Automatic indentation"), this);
     m_lineNumbers = new QCheckBox(tr("Show line &numbers"), this);
@@ -34,10 +35,12 @@ void EditorOptionsPage::ensureControls()
     m_showWhitespace = new QCheckBox(tr("Show &whitespace"), this);
     m_highlightCurrentLine = new QCheckBox(tr("&Highlight the current line"), this);
     m_braceMatching = new QCheckBox(tr("Highlight matching &braces"), this);
+    m_autoCloseBrackets = new QCheckBox(tr("&Close brackets and quotes as they are typed"), this);
     const std::pair<QWidget *, const char *> names[] = {
         {m_font, "font"},
         {m_fontSize, "fontSize"},
         {m_tabWidth, "tabWidth"},
+        {m_indentWidth, "indentWidth"},
         {m_indentWithSpaces, "indentWithSpaces"},
         {m_autoIndent, "autoIndent"},
         {m_lineNumbers, "lineNumbers"},
@@ -45,6 +48,7 @@ void EditorOptionsPage::ensureControls()
         {m_showWhitespace, "showWhitespace"},
         {m_highlightCurrentLine, "highlightCurrentLine"},
         {m_braceMatching, "braceMatching"},
+        {m_autoCloseBrackets, "autoCloseBrackets"},
     };
     for (const auto &[widget, name] : names) {
         widget->setObjectName(QLatin1String(name));
@@ -52,16 +56,21 @@ void EditorOptionsPage::ensureControls()
     m_fontSize->setRange(EditorSettings::MinFontSize, EditorSettings::MaxFontSize);
     m_fontSize->setSuffix(tr(" pt"));
     m_tabWidth->setRange(EditorSettings::MinTabWidth, EditorSettings::MaxTabWidth);
+    m_indentWidth->setRange(EditorSettings::MinTabWidth, EditorSettings::MaxTabWidth);
+    m_indentWidth->setToolTip(tr("Columns per indentation level. A file's .editorconfig and "
+                                 "the indentation found in an opened file come first."));
 
     auto *form = new QFormLayout;
     form->addRow(tr("&Font:"), m_font);
     form->addRow(tr("Font si&ze:"), m_fontSize);
     form->addRow(tr("&Tab width:"), m_tabWidth);
+    form->addRow(tr("In&dent width:"), m_indentWidth);
 
     auto *layout = new QVBoxLayout(this);
     layout->addLayout(form);
-    for (QCheckBox *box : {m_indentWithSpaces, m_autoIndent, m_lineNumbers, m_wordWrap,
-                           m_showWhitespace, m_highlightCurrentLine, m_braceMatching}) {
+    for (QCheckBox *box :
+         {m_indentWithSpaces, m_autoIndent, m_lineNumbers, m_wordWrap, m_showWhitespace,
+          m_highlightCurrentLine, m_braceMatching, m_autoCloseBrackets}) {
         layout->addWidget(box);
     }
     layout->addStretch(1);
@@ -73,6 +82,7 @@ void EditorOptionsPage::showValues(const EditorSettings::Values &values)
     m_font->setCurrentFont(values.font);
     m_fontSize->setValue(values.font.pointSize());
     m_tabWidth->setValue(values.tabWidth);
+    m_indentWidth->setValue(values.indentWidth);
     m_indentWithSpaces->setChecked(values.indentWithSpaces);
     m_autoIndent->setChecked(values.autoIndent);
     m_lineNumbers->setChecked(values.lineNumbers);
@@ -80,6 +90,7 @@ void EditorOptionsPage::showValues(const EditorSettings::Values &values)
     m_showWhitespace->setChecked(values.showWhitespace);
     m_highlightCurrentLine->setChecked(values.highlightCurrentLine);
     m_braceMatching->setChecked(values.braceMatching);
+    m_autoCloseBrackets->setChecked(values.autoCloseBrackets);
 }
 
 void EditorOptionsPage::readValues(EditorSettings::Values *values) const
@@ -92,6 +103,7 @@ void EditorOptionsPage::readValues(EditorSettings::Values *values) const
     font.setPointSize(m_fontSize->value());
     values->font = font;
     values->tabWidth = m_tabWidth->value();
+    values->indentWidth = m_indentWidth->value();
     values->indentWithSpaces = m_indentWithSpaces->isChecked();
     values->autoIndent = m_autoIndent->isChecked();
     values->lineNumbers = m_lineNumbers->isChecked();
@@ -99,6 +111,7 @@ void EditorOptionsPage::readValues(EditorSettings::Values *values) const
     values->showWhitespace = m_showWhitespace->isChecked();
     values->highlightCurrentLine = m_highlightCurrentLine->isChecked();
     values->braceMatching = m_braceMatching->isChecked();
+    values->autoCloseBrackets = m_autoCloseBrackets->isChecked();
 }
 
 void EditorOptionsPage::refreshPage()

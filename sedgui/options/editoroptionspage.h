@@ -33,6 +33,7 @@ private:
     QFontComboBox *m_font = nullptr;
     QSpinBox *m_fontSize = nullptr;
     QSpinBox *m_tabWidth = nullptr;
+    QSpinBox *m_indentWidth = nullptr;
     QCheckBox *m_indentWithSpaces = nullptr;
     QCheckBox *m_autoIndent = nullptr;
     QCheckBox *m_lineNumbers = nullptr;
@@ -40,6 +41,7 @@ private:
     QCheckBox *m_showWhitespace = nullptr;
     QCheckBox *m_highlightCurrentLine = nullptr;
     QCheckBox *m_braceMatching = nullptr;
+    QCheckBox *m_autoCloseBrackets = nullptr;
 };
 
 } // namespace koru::sedgui

@@ -14,6 +14,7 @@ const char *const s_store = "SRC_EDITOR";
 const QString s_fontFamily = QStringLiteral("Editor/FontFamily");
 const QString s_fontSize = QStringLiteral("Editor/FontSize");
 const QString s_tabWidth = QStringLiteral("Editor/TabWidth");
+const QString s_indentWidth = QStringLiteral("Editor/IndentWidth");
 const QString s_indentWithSpaces = QStringLiteral("Editor/IndentWithSpaces");
 const QString s_autoIndent = QStringLiteral("Editor/AutoIndent");
 const QString s_lineNumbers = QStringLiteral("Editor/LineNumbers");
@@ -21,6 +22,7 @@ const QString s_wordWrap = QStringLiteral("Editor/WordWrap");
 const QString s_showWhitespace = QStringLiteral("Editor/ShowWhitespace");
 const QString s_highlightCurrentLine = QStringLiteral("Editor/HighlightCurrentLine");
 const QString s_braceMatching = QStringLiteral("Editor/BraceMatching");
+const QString s_autoCloseBrackets = QStringLiteral("Editor/AutoCloseBrackets");
 
 const QString s_defaultEncoding = QStringLiteral("Files/DefaultEncoding");
 const QString s_defaultLineEnding = QStringLiteral("Files/DefaultLineEnding");
@@ -96,6 +98,9 @@ EditorSettings::Values EditorSettings::load()
     values.font.setPointSize(
         readInt(settings, s_fontSize, values.font.pointSize(), MinFontSize, MaxFontSize));
     values.tabWidth = readInt(settings, s_tabWidth, values.tabWidth, MinTabWidth, MaxTabWidth);
+    // Stores from before the two widths were separate hold the tab width only.
+    values.indentWidth =
+        readInt(settings, s_indentWidth, values.tabWidth, MinTabWidth, MaxTabWidth);
     values.indentWithSpaces = readBool(settings, s_indentWithSpaces, values.indentWithSpaces);
     values.autoIndent = readBool(settings, s_autoIndent, values.autoIndent);
     values.lineNumbers = readBool(settings, s_lineNumbers, values.lineNumbers);
@@ -104,6 +109,7 @@ EditorSettings::Values EditorSettings::load()
     values.highlightCurrentLine =
         readBool(settings, s_highlightCurrentLine, values.highlightCurrentLine);
     values.braceMatching = readBool(settings, s_braceMatching, values.braceMatching);
+    values.autoCloseBrackets = readBool(settings, s_autoCloseBrackets, values.autoCloseBrackets);
 
     const QByteArray encoding = TextFileCodec::canonicalEncoding(
         settings.value(s_defaultEncoding).toString().trimmed().toLatin1());
@@ -129,6 +135,7 @@ bool EditorSettings::store(const Values &values)
     settings.setValue(s_fontFamily, values.font.family());
     settings.setValue(s_fontSize, values.font.pointSize());
     settings.setValue(s_tabWidth, values.tabWidth);
+    settings.setValue(s_indentWidth, values.indentWidth);
     settings.setValue(s_indentWithSpaces, values.indentWithSpaces);
     settings.setValue(s_autoIndent, values.autoIndent);
     settings.setValue(s_lineNumbers, values.lineNumbers);
@@ -136,6 +143,7 @@ bool EditorSettings::store(const Values &values)
     settings.setValue(s_showWhitespace, values.showWhitespace);
     settings.setValue(s_highlightCurrentLine, values.highlightCurrentLine);
     settings.setValue(s_braceMatching, values.braceMatching);
+    settings.setValue(s_autoCloseBrackets, values.autoCloseBrackets);
 
     settings.setValue(s_defaultEncoding, QString::fromLatin1(values.defaultEncoding));
     settings.setValue(s_defaultLineEnding, lineEndingName(values.defaultLineEnding));

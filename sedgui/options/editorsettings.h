@@ -16,7 +16,10 @@ public:
     struct Values
     {
         QFont font;
+        // Columns between tab stops, and columns per indentation level; both
+        // yield to a document's own indentation (see Indentation).
         int tabWidth = 4;
+        int indentWidth = 4;
         bool indentWithSpaces = true;
         bool autoIndent = true;
         bool lineNumbers = true;
@@ -24,6 +27,8 @@ public:
         bool showWhitespace = false;
         bool highlightCurrentLine = true;
         bool braceMatching = true;
+        // Brackets and quotes close themselves and wrap a selection.
+        bool autoCloseBrackets = true;
 
         QByteArray defaultEncoding = "UTF-8";
         LineEnding defaultLineEnding = LineEnding::LF;

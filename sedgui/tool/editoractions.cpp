@@ -7,6 +7,7 @@
 #include "textfilecodec.h"
 #include "textformat.h"
 #include "tool/editorcommands.h"
+#include "tool/indentation.h"
 
 #include <QAction>
 #include <QActionGroup>
@@ -103,6 +104,8 @@ EditorActions::EditorActions(SedGUI *tool)
     m_lineEndingMenu =
         addSubMenu(m_viewActions, QStringLiteral("lineEndings"), tr("&Line Endings"));
     m_syntaxMenu = addSubMenu(m_viewActions, QStringLiteral("syntax"), tr("&Syntax"));
+    m_indentationMenu =
+        addSubMenu(m_viewActions, QStringLiteral("indentation"), tr("In&dentation"));
 
     zoomIn->setIcon(StandardActions::themedIcon(QStringLiteral("zoom-in")));
     action(QStringLiteral("zoomOut"))
@@ -136,6 +139,7 @@ EditorActions::EditorActions(SedGUI *tool)
     connect(m_encodingMenu, &QMenu::aboutToShow, this, &EditorActions::fillEncodingMenu);
     connect(m_lineEndingMenu, &QMenu::aboutToShow, this, &EditorActions::fillLineEndingMenu);
     connect(m_syntaxMenu, &QMenu::aboutToShow, this, &EditorActions::fillSyntaxMenu);
+    connect(m_indentationMenu, &QMenu::aboutToShow, this, &EditorActions::fillIndentationMenu);
     connect(editor, &QsciScintilla::linesChanged, this, [this, editor] {
         if (m_lineNumbers) {
             EditorCommands::fitLineNumberMargin(editor, true);
@@ -346,6 +350,55 @@ void EditorActions::fillSyntaxMenu()
             tool->setLanguage(name);
             tool->applySettings();
         });
+    }
+}
+
+void EditorActions::fillIndentationMenu()
+{
+    m_indentationMenu->clear();
+    qDeleteAll(m_indentationMenu->findChildren<QActionGroup *>(Qt::FindDirectChildrenOnly));
+    auto *indentation = m_tool->findChild<Indentation *>(QString(), Qt::FindDirectChildrenOnly);
+    if (!indentation) {
+        return;
+    }
+    const bool tabs = indentation->useTabs();
+    const int width = tabs ? indentation->tabWidth() : indentation->indentWidth();
+    QAction *source = m_indentationMenu->addAction(indentation->sourceText());
+    source->setEnabled(false);
+    m_indentationMenu->addSeparator();
+
+    // Tabs or spaces keep the width; a width keeps tabs or spaces.
+    auto *styles = new QActionGroup(m_indentationMenu);
+    const struct
+    {
+        bool tabs;
+        QString text;
+        const char *name;
+    } choices[] = {
+        {true, tr("Indent with &Tabs"), "indentTabs"},
+        {false, tr("Indent with &Spaces"), "indentSpaces"},
+    };
+    for (const auto &choice : choices) {
+        QAction *entry = m_indentationMenu->addAction(choice.text);
+        entry->setObjectName(QLatin1String(choice.name));
+        entry->setCheckable(true);
+        entry->setChecked(choice.tabs == tabs);
+        styles->addAction(entry);
+        connect(entry, &QAction::triggered, indentation, [indentation, useTabs = choice.tabs] {
+            indentation->choose(useTabs,
+                                useTabs ? indentation->tabWidth() : indentation->indentWidth());
+        });
+    }
+    m_indentationMenu->addSeparator();
+    auto *widths = new QActionGroup(m_indentationMenu);
+    for (int columns : {2, 3, 4, 8}) {
+        QAction *entry = m_indentationMenu->addAction(tr("Width: %1").arg(columns));
+        entry->setObjectName(QStringLiteral("indentWidth%1").arg(columns));
+        entry->setCheckable(true);
+        entry->setChecked(columns == width);
+        widths->addAction(entry);
+        connect(entry, &QAction::triggered, indentation,
+                [indentation, columns] { indentation->choose(indentation->useTabs(), columns); });
     }
 }
 

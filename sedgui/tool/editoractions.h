@@ -39,6 +39,7 @@ public:
     QMenu *encodingMenu() const { return m_encodingMenu; }
     QMenu *lineEndingMenu() const { return m_lineEndingMenu; }
     QMenu *syntaxMenu() const { return m_syntaxMenu; }
+    QMenu *indentationMenu() const { return m_indentationMenu; }
 
     // Sets the encoding used by the next save, after checking that it can
     // hold the text; says why not and keeps the old one otherwise.
@@ -54,6 +55,7 @@ private:
     void fillEncodingMenu();
     void fillLineEndingMenu();
     void fillSyntaxMenu();
+    void fillIndentationMenu();
 
     SedGUI *m_tool;
     QList<QAction *> m_editActions;
@@ -61,6 +63,7 @@ private:
     QMenu *m_encodingMenu = nullptr;
     QMenu *m_lineEndingMenu = nullptr;
     QMenu *m_syntaxMenu = nullptr;
+    QMenu *m_indentationMenu = nullptr;
     bool m_lineNumbers = false;
 };
 

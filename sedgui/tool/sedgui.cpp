@@ -2,11 +2,15 @@
 
 #include "connection.h"
 #include "dialogs/infobar.h"
+#include "dialogs/statusstrip.h"
 #include "dialogs/userprompt.h"
 #include "options/editorsettings.h"
 #include "templatetree.h"
 #include "tool/documentstate.h"
+#include "tool/editoractions.h"
 #include "tool/editorcommands.h"
+#include "tool/indentation.h"
+#include "tool/typingassist.h"
 #include "toolargs.h"
 
 #include <QApplication>
@@ -168,7 +172,12 @@ SedGUI::SedGUI(QWidget *parent)
         m_connections.append(
             new Connection(nullptr, state.signal, state.action, "1setEnabled(bool)"));
 
+    m_indentation = new Indentation(m_editor, this);
+    m_typing = new TypingAssist(m_editor, this);
     applySettings();
+    m_statusStrip = new StatusStrip(
+        this, findChild<EditorActions *>(QString(), Qt::FindDirectChildrenOnly), m_indentation);
+    layout->addWidget(m_statusStrip);
     TemplateTree::Instance()->addDocument(this);
 }
 
@@ -358,6 +367,8 @@ void SedGUI::emitEditState(bool force)
 void SedGUI::updateTitle()
 {
     emit sigTitleChange(this);
+    if (m_statusStrip)
+        m_statusStrip->refresh();
 }
 
 void SedGUI::setForcedModified(bool modified)

@@ -9,6 +9,7 @@
 #include "templatetree.h"
 #include "textfilecodec.h"
 #include "tool/documentstate.h"
+#include "tool/indentation.h"
 #include "tool/languagelexers.h"
 
 #include <QDir>
@@ -125,6 +126,9 @@ bool SedGUI::openFile(const QString &path, QString *error)
         m_doc->diskIdentity = FileIdentity();
         if (!m_doc->languageChosen)
             applyLanguage(LanguageDetector::detect(absolute, {}));
+        m_indentation->setFilePath(absolute);
+        m_doc->format = m_indentation->formatForNewFile(m_doc->format);
+        m_editor->setEolMode(eolMode(m_doc->format.lineEnding));
         m_infoBar->showMessage(tr("%1 does not exist yet; it will be created when you save.")
                                    .arg(displayName(absolute)));
         m_doc->diskNoticeShown = true;
@@ -146,6 +150,7 @@ bool SedGUI::openFile(const QString &path, QString *error)
     m_doc->filePath = absolute;
     m_doc->untitledNumber = 0;
     m_doc->diskIdentity = identity;
+    m_indentation->setFilePath(absolute);
     loadBytes(bytes, false);
     TemplateTree::Instance()->watchFile(absolute);
     updateTitle();
@@ -219,6 +224,7 @@ void SedGUI::applyDecoded(const QByteArray &utf8, bool keepUndo)
     m_editor->SendScintilla(QsciScintillaBase::SCI_SETSAVEPOINT);
     m_doc->forcedModified = false;
     m_editor->setReadOnly(m_doc->displayOnly);
+    m_indentation->detect(utf8);
     emitEditState(false);
     updateTitle();
 }
@@ -264,6 +270,7 @@ void SedGUI::applyLanguage(const QString &name)
         m_editor->setFont(old->defaultFont());
     delete old;
     m_doc->language = lexer ? language : QString();
+    m_indentation->setLanguage(m_doc->language);
 }
 
 bool SedGUI::save()
@@ -309,9 +316,23 @@ bool SedGUI::saveAs()
 
 bool SedGUI::saveTo(const QString &path)
 {
-    if (!writeFile(path))
-        return false;
     const bool renamed = path != m_doc->filePath;
+    const TextFormat formatBefore = m_doc->format;
+    if (renamed) {
+        m_indentation->setFilePath(path);
+        // An untitled document becomes a new file: the project's
+        // .editorconfig says how that is written.
+        if (m_doc->filePath.isEmpty() && !QFileInfo::exists(path))
+            setTextFormat(m_indentation->formatForNewFile(m_doc->format));
+    }
+    if (!writeFile(path)) {
+        if (renamed) {
+            m_indentation->setFilePath(m_doc->filePath);
+            if (m_doc->format != formatBefore)
+                setTextFormat(formatBefore);
+        }
+        return false;
+    }
     m_doc->filePath = path;
     m_doc->untitledNumber = 0;
     m_doc->diskIdentity = FileIdentity::of(path);

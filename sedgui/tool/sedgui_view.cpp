@@ -3,11 +3,15 @@
 #include "tool/drophandler.h"
 #include "tool/editoractions.h"
 #include "tool/editorcommands.h"
+#include "tool/indentation.h"
+#include "tool/typingassist.h"
 
 #include <QPalette>
 
 #include <Qsci/qscilexer.h>
 #include <Qsci/qsciscintilla.h>
+
+#include <cstring>
 
 namespace koru::sedgui {
 
@@ -54,10 +58,9 @@ void SedGUI::applySettings()
     QsciScintilla *editor = m_editor;
 
     applyFont(editor, values.font);
-    editor->setTabWidth(values.tabWidth);
-    editor->setIndentationWidth(0); // the tab width
-    editor->setIndentationsUseTabs(!values.indentWithSpaces);
+    m_indentation->setSettings(!values.indentWithSpaces, values.tabWidth, values.indentWidth);
     editor->setAutoIndent(values.autoIndent);
+    m_typing->setAutoClose(values.autoCloseBrackets);
     editor->setBackspaceUnindents(true);
     editorActions(this)->setLineNumbersVisible(values.lineNumbers);
     editor->setWrapMode(values.wordWrap && !hasHugeLines() ? QsciScintilla::WrapWord
@@ -82,8 +85,21 @@ void SedGUI::applySettings()
 
 void SedGUI::prepareForSave()
 {
-    if (!m_editor->isReadOnly() && EditorSettings::load().trimTrailingWhitespace) {
+    if (m_editor->isReadOnly()) {
+        return;
+    }
+    if (m_indentation->trimsTrailingWhitespace(EditorSettings::load().trimTrailingWhitespace)) {
         EditorCommands::trimTrailingWhitespace(m_editor);
+    }
+    const long length = m_editor->SendScintilla(QsciScintillaBase::SCI_GETLENGTH);
+    if (m_indentation->insertsFinalNewline() && length > 0) {
+        const long last = m_editor->SendScintilla(QsciScintillaBase::SCI_GETCHARAT, length - 1);
+        if (last != '\n' && last != '\r') {
+            const char *ending = textFormat().lineEnding == LineEnding::CRLF ? "\r\n"
+                                 : textFormat().lineEnding == LineEnding::CR ? "\r"
+                                                                             : "\n";
+            m_editor->SendScintilla(QsciScintillaBase::SCI_APPENDTEXT, std::strlen(ending), ending);
+        }
     }
 }
 
