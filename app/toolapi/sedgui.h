@@ -11,6 +11,7 @@ class QsciScintilla;
 
 namespace koru::sedgui {
 
+class DocumentJournal;
 struct DocumentState;
 class InfoBar;
 struct TextFormat;
@@ -166,6 +167,10 @@ private:
 
     // Members of find, print and view (sedgui_find.cpp, sedgui_print.cpp,
     // sedgui_view.cpp) go below this line.
+
+    // Recovery journal (tool/documentjournal.h): keeps the unsaved text on disk.
+    friend class DocumentJournal;
+    DocumentJournal *m_journal = nullptr;
 };
 
 } // namespace koru::sedgui

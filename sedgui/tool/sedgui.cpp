@@ -5,6 +5,7 @@
 #include "dialogs/userprompt.h"
 #include "options/editorsettings.h"
 #include "templatetree.h"
+#include "tool/documentjournal.h"
 #include "tool/documentstate.h"
 #include "tool/editorcommands.h"
 #include "toolargs.h"
@@ -169,6 +170,7 @@ SedGUI::SedGUI(QWidget *parent)
             new Connection(nullptr, state.signal, state.action, "1setEnabled(bool)"));
 
     applySettings();
+    m_journal = new DocumentJournal(this);
     TemplateTree::Instance()->addDocument(this);
 }
 
