@@ -74,7 +74,8 @@ void TstWorkKeeper::workSurvivesTheEnd()
     child.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     child.start(QCoreApplication::applicationDirPath() + QLatin1String("/journalchild"), paths);
     QVERIFY(child.waitForStarted());
-    QTRY_VERIFY_WITH_TIMEOUT(child.readAllStandardOutput().contains("typed"), 30000);
+    QByteArray output;
+    QTRY_VERIFY_WITH_TIMEOUT((output += child.readAllStandardOutput()).contains("typed"), 30000);
 
     JournalStore store(folder);
     if (signal == SIGKILL)
