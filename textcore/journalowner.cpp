@@ -36,9 +36,8 @@ quint64 startTicksOf(qint64 pid)
 
 bool isHex(const QByteArray &text)
 {
-    return std::all_of(text.cbegin(), text.cend(), [](char c) {
-        return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f');
-    });
+    return std::all_of(text.cbegin(), text.cend(),
+                       [](char c) { return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f'); });
 }
 
 } // namespace

@@ -161,8 +161,8 @@ bool ensureFolder(const QString &folder, int *fd, QString *error)
     const QByteArray path = QFile::encodeName(folder);
     QDir().mkpath(QFileInfo(folder).absolutePath());
     if (::mkdir(path.constData(), 0700) != 0 && errno != EEXIST) {
-        *error = tr("Cannot create the recovery folder %1: %2")
-                     .arg(folder, PosixFile::errorText(errno));
+        *error =
+            tr("Cannot create the recovery folder %1: %2").arg(folder, PosixFile::errorText(errno));
         return false;
     }
     // O_NOFOLLOW: a link planted in place of the folder is refused.
@@ -226,8 +226,8 @@ JournalStore::JournalStore(const QString &folder, const JournalOwner &owner)
     m_lockFd = ::openat(m_dirFd, QByteArray(m_ownerKey + LockSuffix).constData(),
                         O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, 0600);
     if (m_lockFd < 0 || ::flock(m_lockFd, LOCK_EX | LOCK_NB) != 0) {
-        m_error = tr("Cannot lock the recovery folder %1: %2")
-                      .arg(m_folder, PosixFile::errorText(errno));
+        m_error =
+            tr("Cannot lock the recovery folder %1: %2").arg(m_folder, PosixFile::errorText(errno));
         if (m_lockFd >= 0)
             PosixFile::close(m_lockFd);
         m_lockFd = -1;
@@ -303,7 +303,8 @@ bool JournalStore::write(const JournalEntry &entry, const QByteArray &text, QStr
     };
     if (m_dirFd < 0)
         return fail(ENOENT);
-    if (!entry.documentId.startsWith(QByteArray(m_ownerKey + '_')) || entry.documentId.contains('/'))
+    if (!entry.documentId.startsWith(QByteArray(m_ownerKey + '_')) ||
+        entry.documentId.contains('/'))
         return fail(EINVAL);
     JournalEntry stamped = entry;
     stamped.owner = m_owner;
@@ -347,7 +348,8 @@ bool JournalStore::write(const JournalEntry &entry, const QByteArray &text, QStr
 
 void JournalStore::remove(const QByteArray &documentId)
 {
-    if (m_dirFd < 0 || !documentId.startsWith(QByteArray(m_ownerKey + '_')) || documentId.contains('/'))
+    if (m_dirFd < 0 || !documentId.startsWith(QByteArray(m_ownerKey + '_')) ||
+        documentId.contains('/'))
         return;
     ::unlinkat(m_dirFd, QByteArray(documentId + JournalSuffix).constData(), 0);
     ::unlinkat(m_dirFd, QByteArray(documentId + TempSuffix).constData(), 0);

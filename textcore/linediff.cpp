@@ -49,8 +49,8 @@ bool shortestEdits(const Lines &a, qsizetype aFrom, qsizetype n, const Lines &b,
         for (qsizetype k = -d; k <= d; k += 2) {
             qsizetype x = 0;
             if (d > 0) {
-                const bool down = k == -d || (k != d && previous(d - 1, k - 1) <
-                                                            previous(d - 1, k + 1));
+                const bool down =
+                    k == -d || (k != d && previous(d - 1, k - 1) < previous(d - 1, k + 1));
                 x = down ? previous(d - 1, k + 1) : previous(d - 1, k - 1) + 1;
             }
             qsizetype y = x - k;
@@ -74,8 +74,7 @@ bool shortestEdits(const Lines &a, qsizetype aFrom, qsizetype n, const Lines &b,
     qsizetype y = m;
     for (int d = found; d > 0; --d) {
         const qsizetype k = x - y;
-        const bool down =
-            k == -d || (k != d && previous(d - 1, k - 1) < previous(d - 1, k + 1));
+        const bool down = k == -d || (k != d && previous(d - 1, k - 1) < previous(d - 1, k + 1));
         const qsizetype previousK = down ? k + 1 : k - 1;
         const qsizetype previousX = previous(d - 1, previousK);
         const qsizetype previousY = previousX - previousK;
@@ -108,8 +107,8 @@ QByteArray range(qsizetype start, qsizetype count)
 } // namespace
 
 QByteArray LineDiff::unified(const QByteArray &before, const QByteArray &after,
-                             const QByteArray &beforeName, const QByteArray &afterName,
-                             int context, int maxEdits)
+                             const QByteArray &beforeName, const QByteArray &afterName, int context,
+                             int maxEdits)
 {
     const Lines a = splitLines(before);
     const Lines b = splitLines(after);
@@ -167,8 +166,8 @@ QByteArray LineDiff::unified(const QByteArray &before, const QByteArray &after,
         QByteArray body;
         for (qsizetype i = first; i < end; ++i) {
             const Edit &edit = edits.at(i);
-            const QByteArrayView line = edit.kind == Kind::Added ? b.at(edit.newLine)
-                                                                 : a.at(edit.oldLine);
+            const QByteArrayView line =
+                edit.kind == Kind::Added ? b.at(edit.newLine) : a.at(edit.oldLine);
             body += edit.kind == Kind::Same ? ' ' : edit.kind == Kind::Removed ? '-' : '+';
             body += line.endsWith('\r') ? line.chopped(1) : line;
             body += '\n';

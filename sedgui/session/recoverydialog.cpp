@@ -95,8 +95,8 @@ QString RecoveryDialog::differences(const JournalStore::Found &journal)
     if (!entry.path.isEmpty() && FileIdentity::of(entry.path).exists &&
         FileReader::read(entry.path, &disk, &error))
         disk = TextFileCodec::decode(disk).utf8;
-    const QByteArray name = entry.path.isEmpty() ? documentName(entry).toUtf8()
-                                                 : QFile::encodeName(entry.path);
+    const QByteArray name =
+        entry.path.isEmpty() ? documentName(entry).toUtf8() : QFile::encodeName(entry.path);
     const QByteArray diff = LineDiff::unified(disk, journal.text, name + tr(" (on disk)").toUtf8(),
                                               name + tr(" (recovered)").toUtf8());
     if (diff.isEmpty())

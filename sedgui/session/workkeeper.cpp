@@ -116,10 +116,10 @@ void WorkKeeper::offerRecovery()
             corrupt.append(tr("%1: %2").arg(found.fileName, found.problem));
     }
     if (!corrupt.isEmpty())
-        UserPrompt::tell(m_window, UserPrompt::Icon::Warning, tr("Recover Unsaved Work"),
-                         tr("These recovery files could not be read and were moved to %1:\n\n%2")
-                             .arg(store->folder() + QLatin1String("/corrupt"),
-                                  corrupt.join(QLatin1Char('\n'))));
+        UserPrompt::tell(
+            m_window, UserPrompt::Icon::Warning, tr("Recover Unsaved Work"),
+            tr("These recovery files could not be read and were moved to %1:\n\n%2")
+                .arg(store->folder() + QLatin1String("/corrupt"), corrupt.join(QLatin1Char('\n'))));
     if (dead.isEmpty())
         return;
 

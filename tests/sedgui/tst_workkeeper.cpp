@@ -55,7 +55,8 @@ void TstWorkKeeper::workSurvivesTheEnd()
     QFETCH(int, signal);
     QTemporaryDir dir;
     const QList<Document> files = {
-        {QStringLiteral("legacy.txt"), QByteArray("caf\xe9 cr\xe8me br\xfbl\xe9" "e\n")},
+        {QStringLiteral("legacy.txt"), QByteArray("caf\xe9 cr\xe8me br\xfbl\xe9"
+                                                  "e\n")},
         {QStringLiteral("crlf.txt"), QByteArray("first\r\nsecond\r\n")},
     };
     QStringList paths;

@@ -66,18 +66,17 @@ void TstJournalStore::deadEditorsJournalComesBackExactly_data()
     QTest::addColumn<bool>("bom");
     QTest::addColumn<int>("lineEnding");
 
-    QTest::newRow("untitled, empty") << QString() << QByteArray() << QByteArray("UTF-8") << false
-                                     << int(LineEnding::LF);
+    QTest::newRow("untitled, empty")
+        << QString() << QByteArray() << QByteArray("UTF-8") << false << int(LineEnding::LF);
     QTest::newRow("NUL and invalid UTF-8")
         << QStringLiteral("/tmp/a b.c") << QByteArray("x\0y\xff\xfe\xc3(\n", 10)
         << QByteArray("UTF-8") << false << int(LineEnding::LF);
-    QTest::newRow("CRLF with BOM") << QStringLiteral("/srv/crlf.txt")
-                                   << QByteArray("one\r\ntwo\r\n\r\n") << QByteArray("UTF-8")
-                                   << true << int(LineEnding::CRLF);
-    QTest::newRow("legacy encoding, CR") << QStringLiteral("/home/u/caf\u00e9.txt")
-                                         << QByteArray("caf\xc3\xa9\rna\xc3\xafve")
-                                         << QByteArray("WINDOWS-1252") << false
-                                         << int(LineEnding::CR);
+    QTest::newRow("CRLF with BOM")
+        << QStringLiteral("/srv/crlf.txt") << QByteArray("one\r\ntwo\r\n\r\n")
+        << QByteArray("UTF-8") << true << int(LineEnding::CRLF);
+    QTest::newRow("legacy encoding, CR")
+        << QStringLiteral("/home/u/caf\u00e9.txt") << QByteArray("caf\xc3\xa9\rna\xc3\xafve")
+        << QByteArray("WINDOWS-1252") << false << int(LineEnding::CR);
     // A newline in a file name must not end the header line.
     QTest::newRow("newline and percent in the name")
         << QStringLiteral("/tmp/odd\nname%41") << QByteArray("\n\n") << QByteArray("UTF-16LE")
@@ -267,8 +266,8 @@ void TstJournalStore::unifiedDiff_data()
     QTest::newRow("one line changed, context around")
         << ten << QByteArray(ten).replace("5\n", "five\n") << 100
         << QByteArray("@@ -2,7 +2,7 @@\n 2\n 3\n 4\n-5\n+five\n 6\n 7\n 8\n");
-    QTest::newRow("into an empty file") << QByteArray() << QByteArray("a\r\nb") << 100
-                                        << QByteArray("@@ -0,0 +1,2 @@\n+a\n+b\n");
+    QTest::newRow("into an empty file")
+        << QByteArray() << QByteArray("a\r\nb") << 100 << QByteArray("@@ -0,0 +1,2 @@\n+a\n+b\n");
     QTest::newRow("last line removed") << ten << QByteArray(ten).replace("10\n", "") << 100
                                        << QByteArray("@@ -7,4 +7,3 @@\n 7\n 8\n 9\n-10\n");
     QTest::newRow("two changes far apart, two hunks")
