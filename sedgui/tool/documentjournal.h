@@ -49,6 +49,9 @@ private:
     QTimer m_timer;
     QByteArray m_documentId;
     bool m_written = false;
+    // Changed since the journal was last queued.
+    bool m_changed = false;
+    mutable QByteArray m_buffer;
 };
 
 } // namespace koru::sedgui
