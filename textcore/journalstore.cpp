@@ -31,11 +31,6 @@ constexpr qsizetype DigestSize = 16;
 // Enough for any header: paths are at most a few KB even percent-encoded.
 constexpr qsizetype HeaderLimit = 64 * 1024;
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("koru::sedgui::JournalStore", text);
-}
-
 QByteArray lineEndingName(LineEnding ending)
 {
     switch (ending) {
@@ -86,18 +81,18 @@ bool decodeHeader(const QByteArray &bytes, JournalEntry *entry, qsizetype *textS
 {
     const qsizetype firstEnd = bytes.indexOf('\n');
     if (!bytes.startsWith(Magic) || firstEnd < 0) {
-        *problem = tr("it is not a recovery journal or is cut short");
+        *problem = JournalStore::tr("it is not a recovery journal or is cut short");
         return false;
     }
     const QByteArray version = bytes.mid(Magic.size(), firstEnd - Magic.size());
     if (version != QByteArray::number(FormatVersion)) {
-        *problem = tr("it was written in another format (version %1)")
+        *problem = JournalStore::tr("it was written in another format (version %1)")
                        .arg(QString::fromLatin1(version.left(20)));
         return false;
     }
     const qsizetype end = bytes.indexOf("\n\n", firstEnd);
     if (end < 0) {
-        *problem = tr("its header is cut short");
+        *problem = JournalStore::tr("its header is cut short");
         return false;
     }
     bool haveLength = false;
@@ -144,7 +139,7 @@ bool decodeHeader(const QByteArray &bytes, JournalEntry *entry, qsizetype *textS
         ok = ok && fieldOk;
     }
     if (!ok || !haveLength || entry->documentId.isEmpty()) {
-        *problem = tr("its header is damaged");
+        *problem = JournalStore::tr("its header is damaged");
         return false;
     }
     *textStart = end + 2;
@@ -161,15 +156,15 @@ bool ensureFolder(const QString &folder, int *fd, QString *error)
     const QByteArray path = QFile::encodeName(folder);
     QDir().mkpath(QFileInfo(folder).absolutePath());
     if (::mkdir(path.constData(), 0700) != 0 && errno != EEXIST) {
-        *error =
-            tr("Cannot create the recovery folder %1: %2").arg(folder, PosixFile::errorText(errno));
+        *error = JournalStore::tr("Cannot create the recovery folder %1: %2")
+                     .arg(folder, PosixFile::errorText(errno));
         return false;
     }
     // O_NOFOLLOW: a link planted in place of the folder is refused.
     *fd = openDirectory(AT_FDCWD, path.constData());
     struct stat st;
     if (*fd < 0 || ::fstat(*fd, &st) != 0) {
-        *error = tr("Cannot use the recovery folder %1: %2")
+        *error = JournalStore::tr("Cannot use the recovery folder %1: %2")
                      .arg(folder, PosixFile::errorText(errno == ELOOP ? ENOTDIR : errno));
         if (*fd >= 0)
             PosixFile::close(*fd);
@@ -177,7 +172,8 @@ bool ensureFolder(const QString &folder, int *fd, QString *error)
         return false;
     }
     if (st.st_uid != ::geteuid()) {
-        *error = tr("Cannot use the recovery folder %1: it belongs to another user").arg(folder);
+        *error = JournalStore::tr("Cannot use the recovery folder %1: it belongs to another user")
+                     .arg(folder);
         PosixFile::close(*fd);
         *fd = -1;
         return false;

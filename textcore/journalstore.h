@@ -4,6 +4,7 @@
 
 #include <QAtomicInteger>
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QHash>
 #include <QList>
 #include <QString>
@@ -24,6 +25,8 @@ namespace koru::sedgui {
 // another; list() and the claims it takes belong to one thread.
 class JournalStore
 {
+    Q_DECLARE_TR_FUNCTIONS(koru::sedgui::JournalStore)
+
 public:
     enum class State {
         // Kept by another running editor: never offered, never touched.
