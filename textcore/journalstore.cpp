@@ -27,6 +27,8 @@ const QByteArray JournalSuffix = ".journal";
 const QByteArray TempSuffix = ".journal.tmp";
 const QByteArray LockSuffix = ".lock";
 const QByteArray CorruptFolder = "corrupt";
+const QByteArray SaveSuffix = ".save";
+const QByteArray OriginalSuffix = ".original";
 constexpr qsizetype DigestSize = 16;
 // Enough for any header: paths are at most a few KB even percent-encoded.
 constexpr qsizetype HeaderLimit = 64 * 1024;
@@ -204,6 +206,25 @@ QList<QByteArray> namesIn(int dirFd)
     return names;
 }
 
+// A new file in dirFd holding bytes, synced; false when it could not be written whole.
+bool writeNewFile(int dirFd, const QByteArray &name, const QByteArray &bytes)
+{
+    const int fd = ::openat(dirFd, name.constData(),
+                            O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600);
+    if (fd < 0)
+        return false;
+    const bool ok = PosixFile::writeAll(fd, bytes.constData(), bytes.size()) && ::fsync(fd) == 0;
+    if (PosixFile::close(fd) && ok)
+        return true;
+    ::unlinkat(dirFd, name.constData(), 0);
+    return false;
+}
+
+QByteArray md5Hex(QByteArrayView bytes)
+{
+    return QCryptographicHash::hash(bytes, QCryptographicHash::Md5).toHex();
+}
+
 QByteArray ownerKeyOf(const QByteArray &name)
 {
     const qsizetype underscore = name.lastIndexOf('_');
@@ -351,6 +372,95 @@ void JournalStore::remove(const QByteArray &documentId)
     ::unlinkat(m_dirFd, QByteArray(documentId + TempSuffix).constData(), 0);
 }
 
+QString JournalStore::keepOriginal(const QString &target, const QByteArray &original,
+                                   const QByteArray &replacement)
+{
+    if (m_dirFd < 0)
+        return {};
+    const QByteArray base =
+        m_ownerKey + "_save" + QByteArray::number(m_nextDocument.fetchAndAddRelaxed(1));
+    const QByteArray record = Magic.trimmed() + "-SAVE " + QByteArray::number(FormatVersion) +
+                              "\npath " + QFile::encodeName(target).toPercentEncoding() + "\nold " +
+                              md5Hex(original) + "\nnew " + md5Hex(replacement) + '\n';
+    // The copy first: a record always has its copy.
+    if (!writeNewFile(m_dirFd, base + OriginalSuffix, original))
+        return {};
+    if (!writeNewFile(m_dirFd, base + SaveSuffix, record)) {
+        ::unlinkat(m_dirFd, QByteArray(base + OriginalSuffix).constData(), 0);
+        return {};
+    }
+    ::fsync(m_dirFd);
+    return m_folder + QLatin1Char('/') + QFile::decodeName(base + OriginalSuffix);
+}
+
+void JournalStore::dropOriginal(const QString &copyPath)
+{
+    const QByteArray path = QFile::encodeName(copyPath);
+    ::unlink(path.constData());
+    const QString prefix = m_folder + QLatin1Char('/');
+    if (copyPath.startsWith(prefix) && path.endsWith(OriginalSuffix)) {
+        const QByteArray record = path.chopped(OriginalSuffix.size()) + SaveSuffix;
+        ::unlink(record.constData());
+    }
+}
+
+bool JournalStore::settleSave(const QByteArray &recordName, Found *found)
+{
+    const QByteArray base = recordName.chopped(SaveSuffix.size());
+    QString problem;
+    const QByteArray record = readJournal(recordName, HeaderLimit, &problem);
+    QByteArray oldSum;
+    QByteArray newSum;
+    for (const QByteArray &line : record.split('\n')) {
+        if (line.startsWith("path "))
+            found->entry.path = QFile::decodeName(QByteArray::fromPercentEncoding(line.mid(5)));
+        else if (line.startsWith("old "))
+            oldSum = line.mid(4);
+        else if (line.startsWith("new "))
+            newSum = line.mid(4);
+    }
+    const auto drop = [&] {
+        ::unlinkat(m_dirFd, QByteArray(base + OriginalSuffix).constData(), 0);
+        ::unlinkat(m_dirFd, recordName.constData(), 0);
+    };
+    if (found->entry.path.isEmpty() || oldSum.isEmpty() || newSum.isEmpty()) {
+        drop();
+        return false;
+    }
+    QFile target(found->entry.path);
+    const QByteArray now = target.open(QIODevice::ReadOnly) ? target.readAll() : QByteArray();
+    target.close();
+    const QByteArray nowSum = md5Hex(now);
+    if (nowSum == oldSum || nowSum == newSum) {
+        drop();
+        return false;
+    }
+    // A mix of old and new: the original goes back, in place as it was written.
+    const QString copy = m_folder + QLatin1Char('/') + QFile::decodeName(base + OriginalSuffix);
+    const QByteArray original = readJournal(base + OriginalSuffix, -1, &problem);
+    const QByteArray targetPath = QFile::encodeName(found->entry.path);
+    bool restored = false;
+    if (problem.isEmpty() && md5Hex(original) == oldSum) {
+        const int fd = ::open(targetPath.constData(), O_WRONLY | O_CLOEXEC | O_NOCTTY);
+        restored = fd >= 0 && PosixFile::writeAll(fd, original.constData(), original.size()) &&
+                   ::ftruncate(fd, off_t(original.size())) == 0 && ::fsync(fd) == 0;
+        if (fd >= 0)
+            restored = PosixFile::close(fd) && restored;
+    }
+    found->state = State::InterruptedSave;
+    if (restored) {
+        drop();
+        found->problem = tr("a save was interrupted halfway; the file was put back as it was "
+                            "before that save");
+    } else {
+        found->problem =
+            tr("a save was interrupted halfway and the file could not be put back; its "
+               "previous content is in %1")
+                .arg(copy);
+    }
+    return true;
+}
+
 int JournalStore::lockOwner(const QByteArray &ownerKey, bool *held)
 {
     *held = false;
@@ -429,6 +539,14 @@ QList<JournalStore::Found> JournalStore::list()
         return found;
     const QList<QByteArray> names = namesIn(m_dirFd);
     for (const QByteArray &name : names) {
+        if (name.endsWith(SaveSuffix)) {
+            const QByteArray owner = ownerKeyOf(name);
+            Found item;
+            item.fileName = QFile::decodeName(name);
+            if (!owner.isEmpty() && !isOwnerAlive(owner) && settleSave(name, &item))
+                found.append(item);
+            continue;
+        }
         if (name.endsWith(TempSuffix)) {
             // An interrupted write; the journal before it is still whole.
             const QByteArray owner = ownerKeyOf(name);
@@ -500,7 +618,8 @@ void JournalStore::dropOwnerIfEmpty(const QByteArray &ownerKey)
 {
     const QList<QByteArray> names = namesIn(m_dirFd);
     for (const QByteArray &name : names) {
-        if (name.endsWith(JournalSuffix) && ownerKeyOf(name) == ownerKey)
+        if ((name.endsWith(JournalSuffix) || name.endsWith(SaveSuffix)) &&
+            ownerKeyOf(name) == ownerKey)
             return;
     }
     ::unlinkat(m_dirFd, QByteArray(ownerKey + LockSuffix).constData(), 0);

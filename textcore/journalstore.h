@@ -36,6 +36,10 @@ public:
         Dead,
         // Cannot be read back whole: moved to the "corrupt" sub-folder.
         Corrupt,
+        // A dead editor's in-place save of entry.path that did not finish
+        // and left a mix of old and new text: problem says whether the
+        // original could be put back.
+        InterruptedSave,
     };
     struct Found
     {
@@ -87,6 +91,15 @@ public:
     // Lets other editors take the dead owners' journals again.
     void releaseClaims();
 
+    // Before `target` is overwritten in place: keeps its original bytes here,
+    // with what the file will hold when whole, so that a start after a crash
+    // in the middle of the write can tell a whole file from a mix and put the
+    // original back (list()). Returns the copy's path, or empty.
+    QString keepOriginal(const QString &target, const QByteArray &original,
+                         const QByteArray &replacement);
+    // The in-place write ended and the file is whole: the copy goes.
+    void dropOriginal(const QString &copyPath);
+
     // The file as written: for tests and the readers of other tools.
     static QByteArray encode(const JournalEntry &entry, const QByteArray &text);
     // False with *problem set when the bytes are not a whole journal of this version.
@@ -100,6 +113,7 @@ private:
     QByteArray readJournal(const QByteArray &name, qsizetype limit, QString *problem) const;
     void moveAside(const QByteArray &name);
     void dropOwnerIfEmpty(const QByteArray &ownerKey);
+    bool settleSave(const QByteArray &recordName, Found *found);
 
     QString m_folder;
     QString m_error;

@@ -890,6 +890,14 @@ Es behält die Kodierung %3.</translation>
         <source>its header does not match its name</source>
         <translation>ihr Kopf passt nicht zu ihrem Namen</translation>
     </message>
+    <message>
+        <source>a save was interrupted halfway; the file was put back as it was before that save</source>
+        <translation>ein Speichern wurde mittendrin unterbrochen; die Datei wurde auf den Stand vor diesem Speichern zurückgesetzt</translation>
+    </message>
+    <message>
+        <source>a save was interrupted halfway and the file could not be put back; its previous content is in %1</source>
+        <translation>ein Speichern wurde mittendrin unterbrochen, und die Datei konnte nicht zurückgesetzt werden; ihr vorheriger Inhalt liegt in %1</translation>
+    </message>
 </context>
 <context>
     <name>koru::sedgui::OptionPages</name>
@@ -1187,6 +1195,18 @@ Neu laden?</translation>
         <translation>Diese Wiederherstellungsdateien konnten nicht gelesen werden und wurden nach %1 verschoben:
 
 %2</translation>
+    </message>
+    <message>
+        <source>The editor ended while saving:
+
+%1
+
+The text that was being saved is offered back if it was not saved.</source>
+        <translation>Der Editor wurde während des Speicherns beendet:
+
+%1
+
+Der Text, der gespeichert werden sollte, wird wieder angeboten, falls er nicht gespeichert wurde.</translation>
     </message>
 </context>
 </TS>

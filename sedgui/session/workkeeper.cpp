@@ -109,12 +109,20 @@ void WorkKeeper::offerRecovery()
         return;
     QList<JournalStore::Found> dead;
     QStringList corrupt;
+    QStringList interrupted;
     for (const JournalStore::Found &found : store->list()) {
         if (found.state == JournalStore::State::Dead)
             dead.append(found);
         else if (found.state == JournalStore::State::Corrupt)
             corrupt.append(tr("%1: %2").arg(found.fileName, found.problem));
+        else if (found.state == JournalStore::State::InterruptedSave)
+            interrupted.append(tr("%1: %2").arg(found.entry.path, found.problem));
     }
+    if (!interrupted.isEmpty())
+        UserPrompt::tell(m_window, UserPrompt::Icon::Warning, tr("Recover Unsaved Work"),
+                         tr("The editor ended while saving:\n\n%1\n\nThe text that was being "
+                            "saved is offered back if it was not saved.")
+                             .arg(interrupted.join(QLatin1Char('\n'))));
     if (!corrupt.isEmpty())
         UserPrompt::tell(
             m_window, UserPrompt::Icon::Warning, tr("Recover Unsaved Work"),

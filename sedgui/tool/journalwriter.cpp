@@ -1,6 +1,7 @@
 #include "journalwriter.h"
 
 #include "journalstore.h"
+#include "safesaver.h"
 
 #include <QDebug>
 
@@ -26,11 +27,21 @@ JournalWriter::JournalWriter()
 {
     if (!m_store->isReady())
         qWarning().noquote() << m_store->error();
+    else
+        // An in-place save's copy of the original lives with the journals, so
+        // that the next start can undo a save cut short.
+        SafeSaver::setOriginalKeeper(
+            {[store = m_store.get()](const QString &target, const QByteArray &original,
+                                     const QByteArray &replacement) {
+                 return store->keepOriginal(target, original, replacement);
+             },
+             [store = m_store.get()](const QString &copy) { store->dropOriginal(copy); }});
     m_thread = std::thread([this] { run(); });
 }
 
 JournalWriter::~JournalWriter()
 {
+    SafeSaver::setOriginalKeeper({});
     {
         std::lock_guard lock(m_mutex);
         m_stopping = true;

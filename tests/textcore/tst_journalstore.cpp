@@ -51,6 +51,8 @@ private slots:
     void damagedJournalIsMovedAside_data();
     void damagedJournalIsMovedAside();
     void liveEditorsJournalIsNeverOffered();
+    void saveCutShortIsUndone_data();
+    void saveCutShortIsUndone();
     void plantedLinkIsNotFollowed_data();
     void plantedLinkIsNotFollowed();
 };
@@ -207,6 +209,52 @@ void TstJournalStore::liveEditorsJournalIsNeverOffered()
     QCOMPARE(int(second.list().value(0).state), int(JournalStore::State::Alive));
     first.releaseClaims();
     QCOMPARE(int(second.list().value(0).state), int(JournalStore::State::Dead));
+}
+
+void TstJournalStore::saveCutShortIsUndone_data()
+{
+    QTest::addColumn<QByteArray>("left");
+    QTest::addColumn<bool>("putBack");
+    const QByteArray old = "the old text of the file, line one\nline two\n";
+    const QByteArray whole = "THE NEW TEXT, LONGER THAN THE OLD ONE WAS\nLINE TWO\nLINE THREE\n";
+    QTest::newRow("killed before writing") << old << false;
+    QTest::newRow("killed after writing") << whole << false;
+    QTest::newRow("killed halfway") << whole.left(20) + old.mid(20) << true;
+    QTest::newRow("killed before cutting to size") << whole.left(old.size() - 1) << true;
+    QTest::newRow("killed after cutting to zero") << QByteArray() << true;
+}
+
+// A save killed in the middle of an in-place write (the seam: what the file
+// holds when the editor died) leaves old or new text, never a mix, and no
+// copy once the file is whole.
+void TstJournalStore::saveCutShortIsUndone()
+{
+    QFETCH(QByteArray, left);
+    QFETCH(bool, putBack);
+    const QByteArray old = "the old text of the file, line one\nline two\n";
+    const QByteArray whole = "THE NEW TEXT, LONGER THAN THE OLD ONE WAS\nLINE TWO\nLINE THREE\n";
+    QTemporaryDir dir;
+    const QString folder = dir.filePath(QStringLiteral("journals"));
+    const QString target = dir.filePath(QStringLiteral("file.txt"));
+    writeAll(target, old);
+    QString copy;
+    {
+        JournalStore crashed(folder, otherEditor(999995));
+        copy = crashed.keepOriginal(target, old, whole);
+        QCOMPARE(readAll(copy), old);
+        writeAll(target, left);
+    }
+    JournalStore next(folder);
+    const QList<JournalStore::Found> found = next.list();
+    QCOMPARE(readAll(target), putBack ? old : left);
+    QCOMPARE(found.size(), putBack ? 1 : 0);
+    if (putBack) {
+        QCOMPARE(int(found.first().state), int(JournalStore::State::InterruptedSave));
+        QCOMPARE(found.first().entry.path, target);
+    }
+    QCOMPARE(QDir(folder).entryList({QStringLiteral("*.save"), QStringLiteral("*.original")},
+                                    QDir::Files),
+             QStringList());
 }
 
 void TstJournalStore::plantedLinkIsNotFollowed_data()
