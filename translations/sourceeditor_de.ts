@@ -448,6 +448,13 @@
     </message>
 </context>
 <context>
+    <name>koru::sedgui::DocumentJournal</name>
+    <message>
+        <source>Your unsaved changes cannot be kept for recovery after a crash. %1</source>
+        <translation>Ihre ungespeicherten Änderungen können nicht für eine Wiederherstellung nach einem Absturz aufbewahrt werden. %1</translation>
+    </message>
+</context>
+<context>
     <name>koru::sedgui::DocumentPrinter</name>
     <message>
         <source>Page %1</source>

@@ -1,5 +1,6 @@
 #include "documentjournal.h"
 
+#include "dialogs/infobar.h"
 #include "journalstore.h"
 #include "journalwriter.h"
 #include "sedgui.h"
@@ -118,6 +119,18 @@ void DocumentJournal::restore(SedGUI *tool, const JournalEntry &entry, const QBy
     tool->setForcedModified(true);
     tool->m_journal->writeNow();
     JournalWriter::instance()->waitUntilIdle();
+}
+
+void DocumentJournal::reportFailure(const QByteArray &documentId, const QString &error)
+{
+    for (SedGUI *document : TemplateTree::Instance()->documents()) {
+        if (document->m_journal->documentId() == documentId) {
+            document->infoBar()->showMessage(
+                tr("Your unsaved changes cannot be kept for recovery after a crash. %1")
+                    .arg(error));
+            return;
+        }
+    }
 }
 
 } // namespace koru::sedgui

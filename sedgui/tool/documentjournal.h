@@ -39,6 +39,9 @@ public:
     // marked modified, the file on disk untouched. The tool's own journal is
     // written before this returns, so the recovered one may then go.
     static void restore(SedGUI *tool, const JournalEntry &entry, const QByteArray &text);
+    // Tells the user, in the document's info bar, that its journal could not
+    // be written.
+    static void reportFailure(const QByteArray &documentId, const QString &error);
 
 private:
     void onChanged();

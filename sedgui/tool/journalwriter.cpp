@@ -1,8 +1,10 @@
 #include "journalwriter.h"
 
+#include "documentjournal.h"
 #include "journalstore.h"
 #include "safesaver.h"
 
+#include <QCoreApplication>
 #include <QDebug>
 
 namespace koru::sedgui {
@@ -99,7 +101,10 @@ void JournalWriter::run()
         if (job->remove)
             m_store->remove(id);
         else if (!m_store->write(job->entry, job->text, &error))
-            qWarning().noquote() << error;
+            // The user relies on the journal: say so where the document is.
+            QMetaObject::invokeMethod(
+                QCoreApplication::instance(),
+                [id, error] { DocumentJournal::reportFailure(id, error); }, Qt::QueuedConnection);
         lock.lock();
         m_busy = false;
         m_changed.notify_all();
