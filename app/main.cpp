@@ -2,6 +2,7 @@
 #include "findinfiles.h"
 #include "mainwindow.h"
 #include "menuactionman.h"
+#include "workkeeper.h"
 
 #include <QApplication>
 
@@ -15,6 +16,7 @@ int main(int argc, char *argv[])
 
     MainWindow window(args);
     new FindInFiles(&window, MenuActionMan::instance()->findShellAction("EDIT > FIND IN FILES..."));
+    new koru::sedgui::WorkKeeper(&window);
     window.resize(800, 600);
     window.show();
     return app.exec();

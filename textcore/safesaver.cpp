@@ -160,10 +160,32 @@ bool overwrite(int fd, const QByteArray &bytes)
            ::ftruncate(fd, off_t(bytes.size())) == 0 && ::fsync(fd) == 0;
 }
 
+SafeSaver::OriginalKeeper &originalKeeper()
+{
+    static SafeSaver::OriginalKeeper keeper;
+    return keeper;
+}
+
+void dropBackup(const QByteArray &backup)
+{
+    if (backup.isEmpty())
+        return;
+    if (originalKeeper().drop)
+        originalKeeper().drop(QFile::decodeName(backup));
+    else
+        ::unlink(backup.constData());
+}
+
 // A copy of the original on disk while it is overwritten, so that not even
 // a crash in the middle loses it. Empty when no folder would take it.
-QByteArray writeBackup(const QByteArray &target, const QByteArray &dir, const QByteArray &original)
+QByteArray writeBackup(const QByteArray &target, const QByteArray &dir, const QByteArray &original,
+                       const QByteArray &bytes)
 {
+    if (originalKeeper().keep) {
+        const QString kept = originalKeeper().keep(QFile::decodeName(target), original, bytes);
+        if (!kept.isEmpty())
+            return QFile::encodeName(kept);
+    }
     for (const QByteArray &folder : {dir, QFile::encodeName(QDir::tempPath())}) {
         QByteArray name;
         const int fd = createSibling(folder, target, 0600, &name);
@@ -191,19 +213,17 @@ bool saveInPlace(const QString &path, const QByteArray &target, const QByteArray
             path, tr("the original could not be read to keep a copy (%1)").arg(readError));
         return false;
     }
-    const QByteArray backup = writeBackup(target, dir, original);
+    const QByteArray backup = writeBackup(target, dir, original, bytes);
     const int fd = ::open(target.constData(), O_WRONLY | O_CLOEXEC | O_NOCTTY);
     if (fd < 0) {
         *error = cannotSave(path, PosixFile::errorText(errno));
-        if (!backup.isEmpty())
-            ::unlink(backup.constData());
+        dropBackup(backup);
         return false;
     }
     if (overwrite(fd, bytes)) {
         const bool closed = PosixFile::close(fd);
         const int closeErrno = errno;
-        if (!backup.isEmpty())
-            ::unlink(backup.constData());
+        dropBackup(backup);
         if (!closed) {
             *error = cannotSave(path, PosixFile::errorText(closeErrno));
             return false;
@@ -214,8 +234,7 @@ bool saveInPlace(const QString &path, const QByteArray &target, const QByteArray
     const bool restored = overwrite(fd, original);
     PosixFile::close(fd);
     if (restored) {
-        if (!backup.isEmpty())
-            ::unlink(backup.constData());
+        dropBackup(backup);
         *error = cannotSave(path, PosixFile::errorText(writeErrno));
     } else if (!backup.isEmpty()) {
         *error =
@@ -230,6 +249,11 @@ bool saveInPlace(const QString &path, const QByteArray &target, const QByteArray
 }
 
 } // namespace
+
+void SafeSaver::setOriginalKeeper(const OriginalKeeper &keeper)
+{
+    originalKeeper() = keeper;
+}
 
 bool SafeSaver::save(const QString &path, const QByteArray &bytes, QString *error)
 {

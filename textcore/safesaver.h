@@ -3,6 +3,8 @@
 #include <QByteArray>
 #include <QString>
 
+#include <functional>
+
 namespace koru::sedgui {
 
 // Writes a file so that afterwards either the whole new content is there or
@@ -20,6 +22,18 @@ public:
     // Never leaves a temporary file behind. On failure returns false and sets
     // *error, e.g. "Cannot save /x/y.c: No space left on device".
     static bool save(const QString &path, const QByteArray &bytes, QString *error);
+
+    // Where the original's copy goes during an in-place write: keep() stores
+    // it (given the target, its original bytes and the new bytes) and returns
+    // the copy's path, or empty to fall back to a copy beside the file or in
+    // the temporary folder; drop() removes it once the file is whole again.
+    struct OriginalKeeper
+    {
+        std::function<QString(const QString &, const QByteArray &, const QByteArray &)> keep;
+        std::function<void(const QString &)> drop;
+    };
+    // Set once, before the first save.
+    static void setOriginalKeeper(const OriginalKeeper &keeper);
 };
 
 } // namespace koru::sedgui

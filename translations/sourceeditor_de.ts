@@ -448,6 +448,13 @@
     </message>
 </context>
 <context>
+    <name>koru::sedgui::DocumentJournal</name>
+    <message>
+        <source>Your unsaved changes cannot be kept for recovery after a crash. %1</source>
+        <translation>Ihre ungespeicherten Änderungen können nicht für eine Wiederherstellung nach einem Absturz aufbewahrt werden. %1</translation>
+    </message>
+</context>
+<context>
     <name>koru::sedgui::DocumentPrinter</name>
     <message>
         <source>Page %1</source>
@@ -888,6 +895,77 @@ Es behält die Kodierung %3.</translation>
     </message>
 </context>
 <context>
+    <name>koru::sedgui::JournalStore</name>
+    <message>
+        <source>it is not a recovery journal or is cut short</source>
+        <translation>sie ist keine Wiederherstellungsdatei oder ist abgeschnitten</translation>
+    </message>
+    <message>
+        <source>it was written in another format (version %1)</source>
+        <translation>sie wurde in einem anderen Format geschrieben (Version %1)</translation>
+    </message>
+    <message>
+        <source>its header is cut short</source>
+        <translation>ihr Kopf ist abgeschnitten</translation>
+    </message>
+    <message>
+        <source>its header is damaged</source>
+        <translation>ihr Kopf ist beschädigt</translation>
+    </message>
+    <message>
+        <source>Cannot create the recovery folder %1: %2</source>
+        <translation>Der Wiederherstellungsordner %1 kann nicht angelegt werden: %2</translation>
+    </message>
+    <message>
+        <source>Cannot use the recovery folder %1: %2</source>
+        <translation>Der Wiederherstellungsordner %1 kann nicht verwendet werden: %2</translation>
+    </message>
+    <message>
+        <source>Cannot use the recovery folder %1: it belongs to another user</source>
+        <translation>Der Wiederherstellungsordner %1 kann nicht verwendet werden: er gehört einem anderen Benutzer</translation>
+    </message>
+    <message>
+        <source>Cannot lock the recovery folder %1: %2</source>
+        <translation>Der Wiederherstellungsordner %1 kann nicht gesperrt werden: %2</translation>
+    </message>
+    <message>
+        <source>it is cut short</source>
+        <translation>sie ist abgeschnitten</translation>
+    </message>
+    <message>
+        <source>it has bytes after its end</source>
+        <translation>sie hat Bytes nach ihrem Ende</translation>
+    </message>
+    <message>
+        <source>its checksum does not match (the file is damaged)</source>
+        <translation>ihre Prüfsumme stimmt nicht (die Datei ist beschädigt)</translation>
+    </message>
+    <message>
+        <source>Cannot write the recovery journal in %1: %2</source>
+        <translation>Die Wiederherstellungsdatei in %1 kann nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>it cannot be read: %1</source>
+        <translation>sie kann nicht gelesen werden: %1</translation>
+    </message>
+    <message>
+        <source>not a regular file</source>
+        <translation>keine gewöhnliche Datei</translation>
+    </message>
+    <message>
+        <source>its header does not match its name</source>
+        <translation>ihr Kopf passt nicht zu ihrem Namen</translation>
+    </message>
+    <message>
+        <source>a save was interrupted halfway; the file was put back as it was before that save</source>
+        <translation>ein Speichern wurde mittendrin unterbrochen; die Datei wurde auf den Stand vor diesem Speichern zurückgesetzt</translation>
+    </message>
+    <message>
+        <source>a save was interrupted halfway and the file could not be put back; its previous content is in %1</source>
+        <translation>ein Speichern wurde mittendrin unterbrochen, und die Datei konnte nicht zurückgesetzt werden; ihr vorheriger Inhalt liegt in %1</translation>
+    </message>
+</context>
+<context>
     <name>koru::sedgui::OptionPages</name>
     <message>
         <source>Options</source>
@@ -919,6 +997,83 @@ Es behält die Kodierung %3.</translation>
     <message>
         <source>not a regular file</source>
         <translation>keine gewöhnliche Datei</translation>
+    </message>
+</context>
+<context>
+    <name>koru::sedgui::RecoveryDialog</name>
+    <message>
+        <source>Untitled %1</source>
+        <translation>Unbenannt %1</translation>
+    </message>
+    <message>
+        <source>Recover Unsaved Work</source>
+        <translation>Ungespeicherte Arbeit wiederherstellen</translation>
+    </message>
+    <message>
+        <source>The editor did not close normally. These documents have changes that were not saved. Restore opens them with the recovered text; the files on disk stay as they are until you save.</source>
+        <translation>Der Editor wurde nicht normal beendet. Diese Dokumente haben Änderungen, die nicht gespeichert wurden. „Wiederherstellen“ öffnet sie mit dem geretteten Text; die Dateien auf der Festplatte bleiben unverändert, bis Sie speichern.</translation>
+    </message>
+    <message>
+        <source>Document</source>
+        <translation>Dokument</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Ordner</translation>
+    </message>
+    <message>
+        <source>Last Change</source>
+        <translation>Letzte Änderung</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Hinweis</translation>
+    </message>
+    <message>
+        <source>&amp;Restore</source>
+        <translation>&amp;Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Show &amp;Differences</source>
+        <translation>&amp;Unterschiede anzeigen</translation>
+    </message>
+    <message>
+        <source>D&amp;iscard</source>
+        <translation>&amp;Verwerfen</translation>
+    </message>
+    <message>
+        <source>Decide &amp;Later</source>
+        <translation>&amp;Später entscheiden</translation>
+    </message>
+    <message>
+        <source>deleted from disk since</source>
+        <translation>seitdem auf der Festplatte gelöscht</translation>
+    </message>
+    <message>
+        <source>changed on disk since</source>
+        <translation>seitdem auf der Festplatte geändert</translation>
+    </message>
+    <message>
+        <source>created on disk since</source>
+        <translation>seitdem auf der Festplatte angelegt</translation>
+    </message>
+    <message>
+        <source> (on disk)</source>
+        <translation> (auf der Festplatte)</translation>
+    </message>
+    <message>
+        <source> (recovered)</source>
+        <translation> (wiederhergestellt)</translation>
+    </message>
+    <message>
+        <source>%1: the recovered text is the same as the file on disk.
+</source>
+        <translation>%1: Der wiederhergestellte Text ist derselbe wie die Datei auf der Festplatte.
+</translation>
+    </message>
+    <message>
+        <source>Differences</source>
+        <translation>Unterschiede</translation>
     </message>
 </context>
 <context>
@@ -1151,6 +1306,37 @@ Neu laden?</translation>
     <message>
         <source>No byte order mark: opened as %1.</source>
         <translation>Keine Bytereihenfolgemarke: als %1 geöffnet.</translation>
+    </message>
+</context>
+<context>
+    <name>koru::sedgui::WorkKeeper</name>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>Recover Unsaved Work</source>
+        <translation>Ungespeicherte Arbeit wiederherstellen</translation>
+    </message>
+    <message>
+        <source>These recovery files could not be read and were moved to %1:
+
+%2</source>
+        <translation>Diese Wiederherstellungsdateien konnten nicht gelesen werden und wurden nach %1 verschoben:
+
+%2</translation>
+    </message>
+    <message>
+        <source>The editor ended while saving:
+
+%1
+
+The text that was being saved is offered back if it was not saved.</source>
+        <translation>Der Editor wurde während des Speicherns beendet:
+
+%1
+
+Der Text, der gespeichert werden sollte, wird wieder angeboten, falls er nicht gespeichert wurde.</translation>
     </message>
 </context>
 </TS>

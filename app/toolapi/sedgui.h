@@ -11,6 +11,7 @@ class QsciScintilla;
 
 namespace koru::sedgui {
 
+class DocumentJournal;
 struct DocumentState;
 class Indentation;
 class InfoBar;
@@ -175,6 +176,9 @@ private:
     Indentation *m_indentation = nullptr;
     TypingAssist *m_typing = nullptr;
     StatusStrip *m_statusStrip = nullptr;
+    // Recovery journal (tool/documentjournal.h): keeps the unsaved text on disk.
+    friend class DocumentJournal;
+    DocumentJournal *m_journal = nullptr;
 };
 
 } // namespace koru::sedgui

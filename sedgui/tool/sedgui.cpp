@@ -6,6 +6,7 @@
 #include "dialogs/userprompt.h"
 #include "options/editorsettings.h"
 #include "templatetree.h"
+#include "tool/documentjournal.h"
 #include "tool/documentstate.h"
 #include "tool/editoractions.h"
 #include "tool/editorcommands.h"
@@ -178,6 +179,7 @@ SedGUI::SedGUI(QWidget *parent)
     m_statusStrip = new StatusStrip(
         this, findChild<EditorActions *>(QString(), Qt::FindDirectChildrenOnly), m_indentation);
     layout->addWidget(m_statusStrip);
+    m_journal = new DocumentJournal(this);
     TemplateTree::Instance()->addDocument(this);
 }
 

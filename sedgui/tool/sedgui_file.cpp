@@ -8,6 +8,7 @@
 #include "sedgui.h"
 #include "templatetree.h"
 #include "textfilecodec.h"
+#include "tool/documentjournal.h"
 #include "tool/documentstate.h"
 #include "tool/indentation.h"
 #include "tool/languagelexers.h"
@@ -450,6 +451,8 @@ bool SedGUI::reloadWithEncoding(const QByteArray &encoding)
         if (UserPrompt::ask(this, question) != UserPrompt::Reload)
             return false;
     }
+    // Reading may fail halfway (a file cut short under us): the text is safe first.
+    m_journal->writeNow();
     const FileIdentity identity = FileIdentity::of(path);
     QByteArray bytes;
     QString error;
@@ -472,6 +475,7 @@ bool SedGUI::reloadWithEncoding(const QByteArray &encoding)
 bool SedGUI::reloadFromDisk()
 {
     const QString &path = m_doc->filePath;
+    m_journal->writeNow();
     const FileIdentity identity = FileIdentity::of(path);
     QByteArray bytes;
     QString error;

@@ -1,0 +1,173 @@
+#include "workkeeper.h"
+
+#include "dialogs/userprompt.h"
+#include "journalstore.h"
+#include "sedgui.h"
+#include "session/recoverydialog.h"
+#include "templatetree.h"
+#include "tool/documentjournal.h"
+#include "tool/journalwriter.h"
+
+#include <QGuiApplication>
+#include <QMainWindow>
+#include <QSessionManager>
+#include <QSocketNotifier>
+#include <QTimer>
+
+#include <cerrno>
+#include <csignal>
+#include <fcntl.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace koru::sedgui {
+
+namespace {
+
+// The signal handler only writes a byte here; the GUI thread reads it.
+int signalPipe[2] = {-1, -1};
+
+void onTerminationSignal(int)
+{
+    const int saved = errno;
+    const char byte = 1;
+    [[maybe_unused]] const ssize_t written = ::write(signalPipe[1], &byte, 1);
+    errno = saved;
+}
+
+bool installSignalHandlers()
+{
+    if (signalPipe[0] < 0 &&
+        ::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0, signalPipe) != 0)
+        return false;
+    struct sigaction action = {};
+    action.sa_handler = onTerminationSignal;
+    sigemptyset(&action.sa_mask);
+    action.sa_flags = SA_RESTART;
+    return ::sigaction(SIGTERM, &action, nullptr) == 0 &&
+           ::sigaction(SIGHUP, &action, nullptr) == 0;
+}
+
+void restoreSignalHandlers()
+{
+    ::signal(SIGTERM, SIG_DFL);
+    ::signal(SIGHUP, SIG_DFL);
+}
+
+} // namespace
+
+WorkKeeper::WorkKeeper(QMainWindow *window)
+    : QObject(window)
+    , m_window(window)
+{
+    if (installSignalHandlers()) {
+        m_notifier = new QSocketNotifier(signalPipe[0], QSocketNotifier::Read, this);
+        connect(m_notifier, &QSocketNotifier::activated, this, &WorkKeeper::onSignal);
+    }
+    connect(qGuiApp, &QGuiApplication::commitDataRequest, this, &WorkKeeper::onCommitData);
+    // Once the event loop runs, the window is on screen.
+    QTimer::singleShot(0, this, &WorkKeeper::offerRecovery);
+}
+
+WorkKeeper::~WorkKeeper()
+{
+    restoreSignalHandlers();
+}
+
+void WorkKeeper::onSignal()
+{
+    char bytes[64];
+    while (::read(signalPipe[0], bytes, sizeof bytes) > 0) {
+    }
+    endKeepingWork();
+}
+
+void WorkKeeper::onCommitData(QSessionManager &)
+{
+    DocumentJournal::writeAll();
+    // Not from inside the session manager's call.
+    QTimer::singleShot(0, this, &WorkKeeper::endKeepingWork);
+}
+
+void WorkKeeper::endKeepingWork()
+{
+    if (m_ending)
+        return;
+    m_ending = true;
+    DocumentJournal::writeAll();
+    emit endingKeepingWork();
+    // Ends the event loops without closing the window, whose closing would
+    // ask about every unsaved document; the documents are destroyed with the
+    // window and keep their journals.
+    QCoreApplication::exit(0);
+}
+
+void WorkKeeper::offerRecovery()
+{
+    JournalStore *store = JournalWriter::instance()->store();
+    if (!m_window || !store->isReady())
+        return;
+    QList<JournalStore::Found> dead;
+    QStringList corrupt;
+    QStringList interrupted;
+    for (const JournalStore::Found &found : store->list()) {
+        if (found.state == JournalStore::State::Dead)
+            dead.append(found);
+        else if (found.state == JournalStore::State::Corrupt)
+            corrupt.append(tr("%1: %2").arg(found.fileName, found.problem));
+        else if (found.state == JournalStore::State::InterruptedSave)
+            interrupted.append(tr("%1: %2").arg(found.entry.path, found.problem));
+    }
+    if (!interrupted.isEmpty())
+        UserPrompt::tell(m_window, UserPrompt::Icon::Warning, tr("Recover Unsaved Work"),
+                         tr("The editor ended while saving:\n\n%1\n\nThe text that was being "
+                            "saved is offered back if it was not saved.")
+                             .arg(interrupted.join(QLatin1Char('\n'))));
+    if (!corrupt.isEmpty())
+        UserPrompt::tell(
+            m_window, UserPrompt::Icon::Warning, tr("Recover Unsaved Work"),
+            tr("These recovery files could not be read and were moved to %1:\n\n%2")
+                .arg(store->folder() + QLatin1String("/corrupt"), corrupt.join(QLatin1Char('\n'))));
+    if (dead.isEmpty())
+        return;
+
+    RecoveryDialog dialog(dead, m_window);
+    dialog.exec();
+    switch (dialog.choice()) {
+    case RecoveryDialog::Restore:
+        for (const JournalStore::Found &found : std::as_const(dead)) {
+            if (SedGUI *tool = openDocument(found.entry.path)) {
+                DocumentJournal::restore(tool, found.entry, found.text);
+                store->discard(found);
+            }
+        }
+        break;
+    case RecoveryDialog::Discard:
+        for (const JournalStore::Found &found : std::as_const(dead))
+            store->discard(found);
+        break;
+    case RecoveryDialog::Later:
+        break;
+    }
+    store->releaseClaims();
+}
+
+SedGUI *WorkKeeper::openDocument(const QString &path)
+{
+    TemplateTree *tree = TemplateTree::Instance();
+    const QList<SedGUI *> before = tree->documents();
+    if (path.isEmpty()) {
+        QMetaObject::invokeMethod(m_window, "onNewFile");
+    } else {
+        QMetaObject::invokeMethod(m_window, "onOpenFile", Q_ARG(QString, path), Q_ARG(int, 0));
+        if (SedGUI *open = tree->findDocument(path))
+            return open;
+    }
+    for (SedGUI *document : tree->documents()) {
+        if (!before.contains(document))
+            return document;
+    }
+    return nullptr;
+}
+
+} // namespace koru::sedgui
