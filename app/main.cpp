@@ -2,6 +2,7 @@
 #include "findinfiles.h"
 #include "mainwindow.h"
 #include "menuactionman.h"
+#include "session/sessionkeeper.h"
 
 #include <QApplication>
 
@@ -15,7 +16,11 @@ int main(int argc, char *argv[])
 
     MainWindow window(args);
     new FindInFiles(&window, MenuActionMan::instance()->findShellAction("EDIT > FIND IN FILES..."));
+    auto *session = new koru::sedgui::SessionKeeper(
+        &window, window.tabWidget(),
+        MenuActionMan::instance()->findShellAction("FILE > CLOSE ALL"));
     window.resize(800, 600);
+    session->start(args.isEmpty());
     window.show();
     return app.exec();
 }
