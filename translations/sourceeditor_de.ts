@@ -448,6 +448,17 @@
     </message>
 </context>
 <context>
+    <name>koru::sedgui::CloseBatch</name>
+    <message>
+        <source>Close Document</source>
+        <translation>Dokument schließen</translation>
+    </message>
+    <message>
+        <source>Save the changes to %1 before closing?</source>
+        <translation>Die Änderungen an %1 vor dem Schließen speichern?</translation>
+    </message>
+</context>
+<context>
     <name>koru::sedgui::DocumentPrinter</name>
     <message>
         <source>Page %1</source>
@@ -700,6 +711,10 @@ Es behält die Kodierung %3.</translation>
         <translation>Leerraum am Zeilenende beim Speichern &amp;entfernen</translation>
     </message>
     <message>
+        <source>Restore the last &amp;session on start</source>
+        <translation>Die letzte &amp;Sitzung beim Start wiederherstellen</translation>
+    </message>
+    <message>
         <source>Unix and macOS (LF)</source>
         <translation>Unix und macOS (LF)</translation>
     </message>
@@ -870,6 +885,32 @@ Es behält die Kodierung %3.</translation>
     </message>
 </context>
 <context>
+    <name>koru::sedgui::SaveChangesDialog</name>
+    <message>
+        <source>Save Changes</source>
+        <translation>Änderungen speichern</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n document(s) have unsaved changes. Save the checked ones before closing?</source>
+        <translation>
+            <numerusform>%n Dokument hat ungespeicherte Änderungen. Die markierten vor dem Schließen speichern?</numerusform>
+            <numerusform>%n Dokumente haben ungespeicherte Änderungen. Die markierten vor dem Schließen speichern?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&amp;Save All</source>
+        <translation>Alle &amp;speichern</translation>
+    </message>
+    <message>
+        <source>&amp;Discard All</source>
+        <translation>Alle &amp;verwerfen</translation>
+    </message>
+    <message>
+        <source>&amp;Save Checked</source>
+        <translation>Markierte &amp;speichern</translation>
+    </message>
+</context>
+<context>
     <name>koru::sedgui::SedApp</name>
     <message>
         <source>Editor</source>
@@ -1001,6 +1042,13 @@ Neu laden?</translation>
     <message>
         <source>%1 could not be printed: the printer or the output file is not available.</source>
         <translation>%1 konnte nicht gedruckt werden: der Drucker oder die Ausgabedatei ist nicht verfügbar.</translation>
+    </message>
+</context>
+<context>
+    <name>koru::sedgui::SessionKeeper</name>
+    <message>
+        <source>Not reopened, no longer found: %1</source>
+        <translation>Nicht wieder geöffnet, da nicht mehr vorhanden: %1</translation>
     </message>
 </context>
 <context>
