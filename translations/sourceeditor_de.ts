@@ -890,12 +890,9 @@ Es behält die Kodierung %3.</translation>
         <source>Save Changes</source>
         <translation>Änderungen speichern</translation>
     </message>
-    <message numerus="yes">
-        <source>%n document(s) have unsaved changes. Save the checked ones before closing?</source>
-        <translation>
-            <numerusform>%n Dokument hat ungespeicherte Änderungen. Die markierten vor dem Schließen speichern?</numerusform>
-            <numerusform>%n Dokumente haben ungespeicherte Änderungen. Die markierten vor dem Schließen speichern?</numerusform>
-        </translation>
+    <message>
+        <source>These documents have unsaved changes. Save the checked ones before closing?</source>
+        <translation>Diese Dokumente haben ungespeicherte Änderungen. Die markierten vor dem Schließen speichern?</translation>
     </message>
     <message>
         <source>&amp;Save All</source>

@@ -39,10 +39,8 @@ SaveChangesDialog::SaveChangesDialog(const QStringList &names, const QList<bool>
     : QDialog(parent)
 {
     setWindowTitle(tr("Save Changes"));
-    auto *label = new QLabel(tr("%n document(s) have unsaved changes. Save the checked ones "
-                                "before closing?",
-                                nullptr, int(names.size())),
-                             this);
+    auto *label = new QLabel(
+        tr("These documents have unsaved changes. Save the checked ones before closing?"), this);
     label->setWordWrap(true);
     m_list = new QListWidget(this);
     m_list->setObjectName(QStringLiteral("modifiedDocuments"));

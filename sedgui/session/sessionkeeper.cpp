@@ -134,8 +134,12 @@ void SessionKeeper::reopen(const SessionRecord &record)
         SedGUI *document = TemplateTree::Instance()->findDocument(file.path);
         if (!document)
             continue;
-        document->editor()->setCursorPosition(file.line, file.column);
-        document->editor()->setFirstVisibleLine(file.firstVisibleLine);
+        // Placed without scrolling to it: the window may not have its size
+        // yet, and the view is set from the record right after.
+        QsciScintilla *editor = document->editor();
+        editor->SendScintilla(QsciScintilla::SCI_SETEMPTYSELECTION,
+                              editor->positionFromLineIndex(file.line, file.column));
+        editor->setFirstVisibleLine(file.firstVisibleLine);
         if (i == record.current)
             front = document;
     }

@@ -74,16 +74,16 @@ void TestSession::batchCloseFollowsTheOneAnswer_data()
 
     QTest::newRow("quit, cancel") << false << Answer::Cancel << QList{true, true}
                                   << QList{false, false} << false;
-    QTest::newRow("quit, save all") << false << Answer::Save << QList{true, true}
-                                    << QList{true, true} << true;
-    QTest::newRow("quit, save the checked one") << false << Answer::Save << QList{false, true}
-                                                << QList{false, true} << true;
-    QTest::newRow("quit, discard all") << false << Answer::DiscardAll << QList{true, true}
-                                       << QList{false, false} << true;
-    QTest::newRow("close all, cancel") << true << Answer::Cancel << QList{true, true}
-                                       << QList{false, false} << false;
-    QTest::newRow("close all, save the checked one") << true << Answer::Save << QList{true, false}
-                                                     << QList{true, false} << true;
+    QTest::newRow("quit, save all")
+        << false << Answer::Save << QList{true, true} << QList{true, true} << true;
+    QTest::newRow("quit, save the checked one")
+        << false << Answer::Save << QList{false, true} << QList{false, true} << true;
+    QTest::newRow("quit, discard all")
+        << false << Answer::DiscardAll << QList{true, true} << QList{false, false} << true;
+    QTest::newRow("close all, cancel")
+        << true << Answer::Cancel << QList{true, true} << QList{false, false} << false;
+    QTest::newRow("close all, save the checked one")
+        << true << Answer::Save << QList{true, false} << QList{true, false} << true;
 }
 
 // Three documents, the first and last modified: one question for both, and
