@@ -2,7 +2,8 @@
 #include "findinfiles.h"
 #include "mainwindow.h"
 #include "menuactionman.h"
-#include "workkeeper.h"
+#include "session/sessionkeeper.h"
+#include "session/workkeeper.h"
 
 #include <QApplication>
 
@@ -16,8 +17,15 @@ int main(int argc, char *argv[])
 
     MainWindow window(args);
     new FindInFiles(&window, MenuActionMan::instance()->findShellAction("EDIT > FIND IN FILES..."));
-    new koru::sedgui::WorkKeeper(&window);
+    auto *session = new koru::sedgui::SessionKeeper(
+        &window, window.tabWidget(),
+        MenuActionMan::instance()->findShellAction("FILE > CLOSE ALL"));
+    auto *work = new koru::sedgui::WorkKeeper(&window);
+    // An end by signal or logout keeps the session as a clean exit does.
+    QObject::connect(work, &koru::sedgui::WorkKeeper::endingKeepingWork, session,
+                     &koru::sedgui::SessionKeeper::keep);
     window.resize(800, 600);
+    session->start(args.isEmpty());
     window.show();
     return app.exec();
 }

@@ -455,6 +455,17 @@
     </message>
 </context>
 <context>
+    <name>koru::sedgui::CloseBatch</name>
+    <message>
+        <source>Close Document</source>
+        <translation>Dokument schließen</translation>
+    </message>
+    <message>
+        <source>Save the changes to %1 before closing?</source>
+        <translation>Die Änderungen an %1 vor dem Schließen speichern?</translation>
+    </message>
+</context>
+<context>
     <name>koru::sedgui::DocumentPrinter</name>
     <message>
         <source>Page %1</source>
@@ -733,6 +744,10 @@ Es behält die Kodierung %3.</translation>
     <message>
         <source>&amp;Trim trailing whitespace when saving</source>
         <translation>Leerraum am Zeilenende beim Speichern &amp;entfernen</translation>
+    </message>
+    <message>
+        <source>Restore the last &amp;session on start</source>
+        <translation>Die letzte &amp;Sitzung beim Start wiederherstellen</translation>
     </message>
     <message>
         <source>Unix and macOS (LF)</source>
@@ -1084,6 +1099,29 @@ Es behält die Kodierung %3.</translation>
     </message>
 </context>
 <context>
+    <name>koru::sedgui::SaveChangesDialog</name>
+    <message>
+        <source>Save Changes</source>
+        <translation>Änderungen speichern</translation>
+    </message>
+    <message>
+        <source>These documents have unsaved changes. Save the checked ones before closing?</source>
+        <translation>Diese Dokumente haben ungespeicherte Änderungen. Die markierten vor dem Schließen speichern?</translation>
+    </message>
+    <message>
+        <source>&amp;Save All</source>
+        <translation>Alle &amp;speichern</translation>
+    </message>
+    <message>
+        <source>&amp;Discard All</source>
+        <translation>Alle &amp;verwerfen</translation>
+    </message>
+    <message>
+        <source>&amp;Save Checked</source>
+        <translation>Markierte &amp;speichern</translation>
+    </message>
+</context>
+<context>
     <name>koru::sedgui::SedApp</name>
     <message>
         <source>Editor</source>
@@ -1279,6 +1317,13 @@ Neu laden?</translation>
             <numerusform>%n Zeile</numerusform>
             <numerusform>%n Zeilen</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>koru::sedgui::SessionKeeper</name>
+    <message>
+        <source>Not reopened, no longer found: %1</source>
+        <translation>Nicht wieder geöffnet, da nicht mehr vorhanden: %1</translation>
     </message>
 </context>
 <context>

@@ -28,6 +28,7 @@ const QString s_defaultEncoding = QStringLiteral("Files/DefaultEncoding");
 const QString s_defaultLineEnding = QStringLiteral("Files/DefaultLineEnding");
 const QString s_reloadUnmodified = QStringLiteral("Files/ReloadUnmodifiedSilently");
 const QString s_trimTrailing = QStringLiteral("Files/TrimTrailingWhitespace");
+const QString s_restoreSession = QStringLiteral("Files/RestoreSession");
 
 // The store holds text; anything that does not read back as the expected kind
 // of value gives the default instead.
@@ -122,6 +123,7 @@ EditorSettings::Values EditorSettings::load()
         readBool(settings, s_reloadUnmodified, values.reloadUnmodifiedSilently);
     values.trimTrailingWhitespace =
         readBool(settings, s_trimTrailing, values.trimTrailingWhitespace);
+    values.restoreSession = readBool(settings, s_restoreSession, values.restoreSession);
     return values;
 }
 
@@ -149,6 +151,7 @@ bool EditorSettings::store(const Values &values)
     settings.setValue(s_defaultLineEnding, lineEndingName(values.defaultLineEnding));
     settings.setValue(s_reloadUnmodified, values.reloadUnmodifiedSilently);
     settings.setValue(s_trimTrailing, values.trimTrailingWhitespace);
+    settings.setValue(s_restoreSession, values.restoreSession);
     settings.sync();
     return settings.status() == QSettings::NoError;
 }

@@ -34,6 +34,8 @@ public:
         LineEnding defaultLineEnding = LineEnding::LF;
         bool reloadUnmodifiedSilently = false;
         bool trimTrailingWhitespace = false;
+        // Reopen the files of the last clean exit when started without files.
+        bool restoreSession = true;
     };
 
     static constexpr int MinTabWidth = 1;

@@ -29,10 +29,12 @@ void FilesOptionsPage::ensureControls()
                          "here, without asking"),
                       this);
     m_trimTrailing = new QCheckBox(tr("&Trim trailing whitespace when saving"), this);
+    m_restoreSession = new QCheckBox(tr("Restore the last &session on start"), this);
     m_encoding->setObjectName(QStringLiteral("defaultEncoding"));
     m_lineEnding->setObjectName(QStringLiteral("defaultLineEnding"));
     m_reloadUnmodified->setObjectName(QStringLiteral("reloadUnmodifiedSilently"));
     m_trimTrailing->setObjectName(QStringLiteral("trimTrailingWhitespace"));
+    m_restoreSession->setObjectName(QStringLiteral("restoreSession"));
     for (const QByteArray &encoding : TextFileCodec::availableEncodings()) {
         m_encoding->addItem(QString::fromLatin1(encoding), encoding);
     }
@@ -48,6 +50,7 @@ void FilesOptionsPage::ensureControls()
     layout->addLayout(form);
     layout->addWidget(m_reloadUnmodified);
     layout->addWidget(m_trimTrailing);
+    layout->addWidget(m_restoreSession);
     layout->addStretch(1);
 }
 
@@ -64,6 +67,7 @@ void FilesOptionsPage::showValues(const EditorSettings::Values &values)
         std::max(0, m_lineEnding->findData(int(values.defaultLineEnding))));
     m_reloadUnmodified->setChecked(values.reloadUnmodifiedSilently);
     m_trimTrailing->setChecked(values.trimTrailingWhitespace);
+    m_restoreSession->setChecked(values.restoreSession);
 }
 
 void FilesOptionsPage::readValues(EditorSettings::Values *values) const
@@ -74,6 +78,7 @@ void FilesOptionsPage::readValues(EditorSettings::Values *values) const
     values->defaultLineEnding = LineEnding(m_lineEnding->currentData().toInt());
     values->reloadUnmodifiedSilently = m_reloadUnmodified->isChecked();
     values->trimTrailingWhitespace = m_trimTrailing->isChecked();
+    values->restoreSession = m_restoreSession->isChecked();
 }
 
 void FilesOptionsPage::refreshPage()

@@ -31,6 +31,7 @@ private:
     QComboBox *m_lineEnding = nullptr;
     QCheckBox *m_reloadUnmodified = nullptr;
     QCheckBox *m_trimTrailing = nullptr;
+    QCheckBox *m_restoreSession = nullptr;
 };
 
 } // namespace koru::sedgui

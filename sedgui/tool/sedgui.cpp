@@ -5,6 +5,7 @@
 #include "dialogs/statusstrip.h"
 #include "dialogs/userprompt.h"
 #include "options/editorsettings.h"
+#include "session/closebatch.h"
 #include "templatetree.h"
 #include "tool/documentjournal.h"
 #include "tool/documentstate.h"
@@ -218,6 +219,18 @@ void SedGUI::closeTool(bool force)
 {
     if (m_doc->closing)
         return;
+    // Closing together with others (Quit, Close All): the user answered once for all.
+    if (!force) {
+        switch (CloseBatch::verdict(this)) {
+        case CloseBatch::Verdict::Keep:
+            return;
+        case CloseBatch::Verdict::Close:
+            force = true;
+            break;
+        case CloseBatch::Verdict::Ask:
+            break;
+        }
+    }
     if (!force && isModified()) {
         UserPrompt::Question question;
         question.icon = UserPrompt::Icon::Warning;

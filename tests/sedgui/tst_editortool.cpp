@@ -137,6 +137,7 @@ private Q_SLOTS:
             lineEnding->setCurrentIndex(lineEnding->findData(int(LineEnding::CR)));
             control(page, "reloadUnmodifiedSilently")->setChecked(true);
             control(page, "trimTrailingWhitespace")->setChecked(true);
+            control(page, "restoreSession")->setChecked(false);
             page->applyPage();
         }
         {
@@ -154,6 +155,7 @@ private Q_SLOTS:
         QCOMPARE(values.defaultEncoding, QByteArray("ISO-8859-1"));
         QCOMPARE(values.defaultLineEnding, LineEnding::CR);
         QVERIFY(values.reloadUnmodifiedSilently);
+        QVERIFY(!values.restoreSession);
 
         // A new tool (the next start) reads only what is in the store.
         SedGUI next;

@@ -1,0 +1,195 @@
+#include "session/sessionkeeper.h"
+
+#include "dialogs/infobar.h"
+#include "options/editorsettings.h"
+#include "sedgui.h"
+#include "session/closebatch.h"
+#include "templatetree.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QMainWindow>
+#include <QScopedValueRollback>
+#include <QScreen>
+#include <QStatusBar>
+#include <QTabWidget>
+
+#include <Qsci/qsciscintilla.h>
+
+namespace koru::sedgui {
+
+SessionKeeper::SessionKeeper(QMainWindow *window, QTabWidget *tabs, QAction *closeAll)
+    : QObject(window)
+    , m_window(window)
+    , m_tabs(tabs)
+{
+    window->installEventFilter(this);
+    if (!closeAll)
+        return;
+    // Our slot has to run before the shell's: take the shell's connection off
+    // and put it back behind ours, unchanged, and end the batch after it.
+    const bool shellConnected =
+        QObject::disconnect(closeAll, SIGNAL(triggered(bool)), window, SLOT(onFileCloseAll()));
+    connect(closeAll, &QAction::triggered, this, &SessionKeeper::beginCloseAll);
+    if (shellConnected)
+        QObject::connect(closeAll, SIGNAL(triggered(bool)), window, SLOT(onFileCloseAll()));
+    connect(closeAll, &QAction::triggered, this, &SessionKeeper::endCloseAll);
+}
+
+SessionKeeper::~SessionKeeper() = default;
+
+QList<SedGUI *> SessionKeeper::documents() const
+{
+    QList<SedGUI *> found;
+    for (int i = 0; m_tabs && i < m_tabs->count(); ++i) {
+        if (auto *document = qobject_cast<SedGUI *>(m_tabs->widget(i)))
+            found.append(document);
+    }
+    return found;
+}
+
+void SessionKeeper::keep() const
+{
+    capture().store();
+}
+
+SessionRecord SessionKeeper::capture() const
+{
+    SessionRecord record;
+    for (SedGUI *document : documents()) {
+        // An untitled document has nothing to reopen.
+        if (document->getFileName().isEmpty())
+            continue;
+        SessionRecord::File file;
+        file.path = document->getFileName();
+        document->editor()->getCursorPosition(&file.line, &file.column);
+        file.firstVisibleLine = document->editor()->firstVisibleLine();
+        if (document == m_tabs->currentWidget())
+            record.current = int(record.files.size());
+        record.files.append(file);
+    }
+    record.geometry = m_window->saveGeometry();
+    record.windowState = m_window->saveState();
+    return record;
+}
+
+bool SessionKeeper::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched != m_window || event->type() != QEvent::Close)
+        return QObject::eventFilter(watched, event);
+    // A second close while the first one asks the user waits for that answer.
+    if (m_closing) {
+        event->ignore();
+        return true;
+    }
+    QScopedValueRollback<bool> guard(m_closing, true);
+    // Taken before the tools close, kept only if the window really closes.
+    const SessionRecord record = capture();
+    CloseBatch batch(documents());
+    const bool settled = batch.settle(m_window);
+    // The window's own handling asks every tool to close and accepts the
+    // event only when none is left; the batch answers for the tools.
+    static_cast<QObject *>(m_window)->event(event);
+    if (settled && event->isAccepted())
+        record.store();
+    return true;
+}
+
+void SessionKeeper::beginCloseAll()
+{
+    m_closeAllBatch = std::make_unique<CloseBatch>(documents());
+    m_closeAllBatch->settle(m_window);
+}
+
+void SessionKeeper::endCloseAll()
+{
+    m_closeAllBatch.reset();
+}
+
+void SessionKeeper::start(bool reopenFiles)
+{
+    if (EditorSettings::load().restoreSession) {
+        const SessionRecord record = SessionRecord::load();
+        if (!record.geometry.isEmpty())
+            m_window->restoreGeometry(record.geometry);
+        if (!record.windowState.isEmpty())
+            m_window->restoreState(record.windowState);
+        if (reopenFiles)
+            reopen(record);
+    }
+    fitToScreen();
+}
+
+void SessionKeeper::reopen(const SessionRecord &record)
+{
+    QStringList skipped;
+    SedGUI *front = nullptr;
+    for (qsizetype i = 0; i < record.files.size(); ++i) {
+        const SessionRecord::File &file = record.files.at(i);
+        if (!QFileInfo(file.path).isFile()) {
+            skipped.append(file.path);
+            continue;
+        }
+        // The shell's own way of opening a file, so that the tab, the menus
+        // and the recent files list are as after File > Open.
+        QMetaObject::invokeMethod(m_window, "onOpenFile", Qt::DirectConnection,
+                                  Q_ARG(QString, file.path), Q_ARG(int, 0));
+        SedGUI *document = TemplateTree::Instance()->findDocument(file.path);
+        if (!document)
+            continue;
+        // Placed without scrolling to it: the window may not have its size
+        // yet, and the view is set from the record right after.
+        QsciScintilla *editor = document->editor();
+        editor->SendScintilla(QsciScintilla::SCI_SETEMPTYSELECTION,
+                              editor->positionFromLineIndex(file.line, file.column));
+        editor->setFirstVisibleLine(file.firstVisibleLine);
+        if (i == record.current)
+            front = document;
+    }
+    if (front && m_tabs)
+        m_tabs->setCurrentWidget(front);
+    if (skipped.isEmpty())
+        return;
+
+    const QString note =
+        tr("Not reopened, no longer found: %1").arg(skipped.join(QLatin1String(", ")));
+    auto *current = m_tabs ? qobject_cast<SedGUI *>(m_tabs->currentWidget()) : nullptr;
+    // A notice the document already shows is not replaced.
+    if (current && current->infoBar()->message().isEmpty())
+        current->infoBar()->showMessage(note);
+    else
+        m_window->statusBar()->showMessage(note);
+}
+
+QRect SessionKeeper::fitted(const QRect &frame, const QRect &available)
+{
+    QRect result(frame.topLeft(), frame.size().boundedTo(available.size()));
+    if (result.right() > available.right())
+        result.moveRight(available.right());
+    if (result.bottom() > available.bottom())
+        result.moveBottom(available.bottom());
+    if (result.left() < available.left())
+        result.moveLeft(available.left());
+    if (result.top() < available.top())
+        result.moveTop(available.top());
+    return result;
+}
+
+void SessionKeeper::fitToScreen()
+{
+    if (m_window->isMaximized() || m_window->isFullScreen())
+        return;
+    QScreen *screen = QGuiApplication::screenAt(m_window->geometry().center());
+    if (!screen)
+        screen = m_window->screen();
+    if (!screen)
+        return;
+    const QRect wanted = m_window->geometry();
+    const QRect fit = fitted(wanted, screen->availableGeometry());
+    if (fit != wanted)
+        m_window->setGeometry(fit);
+}
+
+} // namespace koru::sedgui
