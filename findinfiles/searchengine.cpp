@@ -25,8 +25,10 @@ constexpr int ProgressIntervalMs = 100;
 
 struct SearchEngine::Run
 {
-    explicit Run(const SearchOptions &options)
+    Run(const SearchOptions &options, qsizetype readSize, FileScanner::ReadHook readHook)
         : options(options)
+        , readSize(readSize)
+        , readHook(std::move(readHook))
     {}
 
     struct Batch
@@ -36,6 +38,8 @@ struct SearchEngine::Run
     };
 
     const SearchOptions options;
+    const qsizetype readSize;
+    const FileScanner::ReadHook readHook;
     std::atomic<bool> cancel{false};
     std::atomic<qint64> filesSearched{0};
     std::atomic<qint64> filesWithHits{0};
@@ -75,11 +79,17 @@ bool SearchEngine::isRunning() const
 void SearchEngine::start(const SearchOptions &options)
 {
     stop();
-    auto run = std::make_shared<Run>(options);
+    auto run = std::make_shared<Run>(options, m_readSize, m_readHook);
     m_run = run;
     emit started(options);
     m_progressTimer.start();
     m_worker = std::thread([this, run] { runSearch(run); });
+}
+
+void SearchEngine::setScannerHooks(qsizetype readSize, FileScanner::ReadHook hook)
+{
+    m_readSize = readSize;
+    m_readHook = std::move(hook);
 }
 
 void SearchEngine::stop()
@@ -137,6 +147,8 @@ void SearchEngine::runSearch(const std::shared_ptr<Run> &run)
     } else {
         FileWalker walker(run->options);
         FileScanner scanner(matcher);
+        scanner.setReadSize(run->readSize);
+        scanner.setReadHook(run->readHook);
         Run::Batch batch;
         auto batchStarted = std::chrono::steady_clock::now();
 
@@ -190,6 +202,16 @@ void SearchEngine::runSearch(const std::shared_ptr<Run> &run)
                     break;
                 case FileScanner::Result::Cancelled:
                     return false;
+                case FileScanner::Result::Changed:
+                    ++run->filesSearched;
+                    if (summary.changed++ < SearchSummary::MaxNamedFiles)
+                        summary.changedFiles.append(file);
+                    break;
+                case FileScanner::Result::Deleted:
+                    ++run->filesSearched;
+                    if (summary.deleted++ < SearchSummary::MaxNamedFiles)
+                        summary.deletedFiles.append(file);
+                    break;
                 case FileScanner::Result::Searched:
                     ++run->filesSearched;
                     break;
