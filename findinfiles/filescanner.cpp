@@ -60,11 +60,15 @@ bool FileScanner::readMore(int fd, const QByteArray &path)
     const bool decoding = m_mode == Mode::Decoded;
     std::vector<char> &buffer = decoding ? m_raw : m_text;
     const size_t at = decoding ? 0 : size_t(m_filled);
-    if (buffer.size() < at + size_t(m_readSize))
-        buffer.resize(at + size_t(m_readSize));
+    // Asking for one byte more than the file still holds finds its end in the
+    // same read; asking for far more costs the kernel time for nothing.
+    const qsizetype want =
+        std::min(std::max<qsizetype>(m_expectedSize - m_bytesRead + 1, 4096), m_readSize);
+    if (buffer.size() < at + size_t(want))
+        buffer.resize(at + size_t(want));
     qsizetype got = 0;
-    while (got < m_readSize) {
-        const ssize_t n = ::read(fd, buffer.data() + at + got, size_t(m_readSize - got));
+    while (got < want) {
+        const ssize_t n = ::read(fd, buffer.data() + at + got, size_t(want - got));
         if (n < 0) {
             if (errno == EINTR)
                 continue;
@@ -267,6 +271,8 @@ bool FileScanner::searchWindow(qsizetype cut, bool forced, const TextMatcher::Hi
         m_searchFrom = std::min<qsizetype>(1, keep);
         return true;
     }
+    if (m_eof)
+        return true; // nothing follows that needs the line number
     LineCounter lines(QByteArrayView(m_text.data(), cut));
     m_line += lines.lineAt(cut) - 1;
     std::memmove(m_text.data(), m_text.data() + cut, size_t(m_filled - cut));
@@ -308,6 +314,7 @@ FileScanner::Result FileScanner::scan(const QByteArray &path, const TextMatcher:
     m_mode = Mode::Undecided;
     m_checkUtf8 = true;
     m_bytesRead = 0;
+    m_expectedSize = before.st_size;
     m_line = 1;
     m_searchFrom = 0;
     m_lineHasHit = false;
