@@ -80,7 +80,7 @@ private:
     QStringDecoder m_decoder;
     qint64 m_bytesRead = 0;
     qint64 m_expectedSize = 0; // when it was opened
-    qint64 m_line = 1; // of m_text[0]
+    qint64 m_line = 1;         // of m_text[0]
     qsizetype m_searchFrom = 0;
     bool m_lineHasHit = false; // the line cut at the end of the last window
     bool m_checkUtf8 = true;   // raw windows are checked and decoded when not UTF-8

@@ -8,6 +8,8 @@
 // at the last "(...):" followed by text. So the text written after a hit's
 // "(line):" never holds "):", is never empty, and is one line: every hit line
 // reads back to its own file and line, whatever the file name or the text hold.
+// A file name is written as FileNameEscape writes it; in the text, line breaks
+// and controls are blanked and format characters written out the same way.
 class HitFormatter
 {
 public:
@@ -26,5 +28,6 @@ public:
 
 private:
     static QString blankControls(QStringView text);
+    static QString showFormatCharacters(const QString &text);
     static void breakParenColon(QString &text);
 };

@@ -1,5 +1,6 @@
 #include "searchengine.h"
 
+#include "filenameescape.h"
 #include "filescanner.h"
 #include "filewalker.h"
 #include "hitformatter.h"
@@ -191,7 +192,7 @@ void SearchEngine::runSearch(const std::shared_ptr<Run> &run)
 
         walker.walk(
             [&](const QByteArray &path) {
-                file = QFile::decodeName(path);
+                file = koru::sedgui::FileNameEscape::fromBytes(path);
                 fileHasHits = false;
                 switch (scanner.scan(path, onHit, &run->cancel)) {
                 case FileScanner::Result::Binary:
