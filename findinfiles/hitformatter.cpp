@@ -17,7 +17,8 @@ constexpr char16_t Ellipsis = 0x2026;
 
 bool isFormat(char16_t c)
 {
-    return QChar::category(char32_t(c)) == QChar::Other_Format;
+    // None lies below the soft hyphen: ASCII text is passed at once.
+    return c >= 0xAD && QChar::category(char32_t(c)) == QChar::Other_Format;
 }
 
 // A character that would break the pane's line or that is a control: shown
@@ -25,6 +26,8 @@ bool isFormat(char16_t c)
 // written out instead, as file names are; surrogate pairs stay.
 bool isLineBreakOrControl(char16_t c)
 {
+    if (c >= 0x20 && c < 0x7F)
+        return false; // printable ASCII, most of every line
     return c != u'\t' && !QChar::isSurrogate(c) && FileNameEscape::needsEscape(c) && !isFormat(c);
 }
 
@@ -104,8 +107,8 @@ QString HitFormatter::displayText(QStringView text, qsizetype column)
 
 QString HitFormatter::hitLine(const QString &file, qint64 line, QStringView text, qsizetype column)
 {
-    return FileNameEscape::escape(file) + QLatin1Char('(') + QString::number(line) +
-           QStringLiteral("):") + displayText(text, column);
+    return file + QLatin1Char('(') + QString::number(line) + QStringLiteral("):") +
+           displayText(text, column);
 }
 
 QString HitFormatter::noteLine(QStringView text)

@@ -16,6 +16,7 @@ public:
     // Longest hit text shown; longer lines are cut around the match.
     static constexpr qsizetype MaxTextLength = 300;
 
+    // file as FileNameEscape writes it (done once per file, not per hit).
     static QString hitLine(const QString &file, qint64 line, QStringView text, qsizetype column);
 
     // The text part of a hit line: control characters blanked, trimmed, cut to

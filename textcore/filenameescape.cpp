@@ -9,9 +9,11 @@ namespace {
 
 void appendEscape(QString &out, char kind, uint value, int digits)
 {
-    out += QLatin1Char('\\') + QLatin1Char(kind) + QLatin1Char('{') +
-           QStringLiteral("%1").arg(value, digits, 16, QLatin1Char('0')).toUpper() +
-           QLatin1Char('}');
+    out += QLatin1Char('\\');
+    out += QLatin1Char(kind);
+    out += QLatin1Char('{');
+    out += QString::number(value, 16).rightJustified(digits, QLatin1Char('0')).toUpper();
+    out += QLatin1Char('}');
 }
 
 void appendCodePoint(QString &out, char32_t c)
@@ -34,6 +36,8 @@ const QRegularExpression &escapePattern()
 
 bool FileNameEscape::needsEscape(char32_t c)
 {
+    if (c >= 0x20 && c < 0x7F)
+        return false; // printable ASCII, most of every name
     if (c < 0x20 || (c >= 0x7F && c <= 0x9F))
         return true; // C0 and C1 controls: tab, LF, VT, FF, CR, NEL among them
     if (c == 0x2028 || c == 0x2029 || c == 0xFFFC)
@@ -41,8 +45,9 @@ bool FileNameEscape::needsEscape(char32_t c)
     if ((c >= 0xFDD0 && c <= 0xFDEF) || (c & 0xFFFE) == 0xFFFE)
         return true; // non-characters, two of which separate Qt's text blocks
     if (c >= 0xD800 && c <= 0xDFFF)
-        return true;                                  // a lone surrogate
-    return QChar::category(c) == QChar::Other_Format; // bidi controls, zero widths
+        return true; // a lone surrogate
+    // Bidi controls, zero widths; none lies below the soft hyphen.
+    return c >= 0xAD && QChar::category(c) == QChar::Other_Format;
 }
 
 QString FileNameEscape::fromBytes(QByteArrayView name)
