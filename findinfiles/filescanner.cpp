@@ -81,6 +81,11 @@ bool FileScanner::readMore(int fd, const QByteArray &path)
         got += n;
     }
     m_bytesRead += got;
+    // A file that grows as it is read (a log being written) is read up to a
+    // little past the size it had, so that the scan ends; it is then reported
+    // as changed. Files that report no size (kernel files) are read to the end.
+    if (m_expectedSize > 0 && m_bytesRead > m_expectedSize)
+        m_eof = true;
     if (decoding) {
         const QByteArray utf8 =
             QString(m_decoder.decode(QByteArrayView(m_raw.data(), got))).toUtf8();

@@ -347,8 +347,8 @@ private slots:
         QVERIFY(!collected.summaries.first().error.isEmpty());
         QCOMPARE(collected.summaries.first().filesSearched, 0);
     }
-    // Read 64 bytes at a time; after the first read one file is cut short and
-    // another deleted: the search ends, names both, and keeps what it read.
+    // Read 64 bytes at a time; after the first read one file is cut short, one
+    // deleted and one lengthened: the search ends, names them, keeps what it read.
     void filesChangedWhileReadAreNamed()
     {
         QTemporaryDir dir;
@@ -357,29 +357,37 @@ private slots:
             content += "needle " + QByteArray::number(i) + '\n';
         const QString cut = dir.filePath(QStringLiteral("a-cut.txt"));
         const QString gone = dir.filePath(QStringLiteral("b-gone.txt"));
-        writeFile(cut, content);
-        writeFile(gone, content);
-        writeFile(dir.filePath(QStringLiteral("c.txt")), "needle\n");
+        const QString grows = dir.filePath(QStringLiteral("c-grows.txt"));
+        for (const QString &file : {cut, gone, grows})
+            writeFile(file, content);
+        writeFile(dir.filePath(QStringLiteral("d.txt")), "needle\n");
 
         SearchEngine engine;
         engine.setScannerHooks(64, [&](const QByteArray &path, qint64 bytesRead) {
-            if (bytesRead == 64 && path == QFile::encodeName(cut))
+            if (bytesRead != 64)
+                return;
+            if (path == QFile::encodeName(cut)) {
                 (void)truncate(path.constData(), 20);
-            else if (bytesRead == 64 && path == QFile::encodeName(gone))
+            } else if (path == QFile::encodeName(gone)) {
                 unlink(path.constData());
+            } else if (path == QFile::encodeName(grows)) {
+                QFile file(grows);
+                if (file.open(QIODevice::Append))
+                    file.write(QByteArray(100000, 'x'));
+            }
         });
         Collected collected;
         collect(engine, collected);
         engine.start(optionsFor(dir.path()));
         QTRY_COMPARE(collected.summaries.size(), 1);
         const SearchSummary summary = collected.summaries.first();
-        QCOMPARE(summary.changedFiles, QStringList{cut});
+        QCOMPARE(summary.changedFiles, (QStringList{cut, grows}));
         QCOMPARE(summary.deletedFiles, QStringList{gone});
-        // Seven whole lines in the first 64 bytes of the cut file; a deleted file is still read to
-        // its end.
-        QCOMPARE(summary.hits, 7 + 20 + 1);
+        // Seven whole lines in the first 64 bytes of the cut file; the deleted one
+        // is still read to its end, the lengthened one up to its old size.
+        QCOMPARE(summary.hits, 7 + 20 + 20 + 1);
         const QString text = FindInFiles::summaryText(summary);
-        QVERIFY2(text.contains(QLatin1String("1 changed while searched")) &&
+        QVERIFY2(text.contains(QLatin1String("2 changed while searched")) &&
                      text.contains(QLatin1String("1 deleted while searched")),
                  qPrintable(text));
     }
