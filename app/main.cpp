@@ -1,4 +1,5 @@
 #include "appsetup.h"
+#include "filenameescape.h"
 #include "findinfiles.h"
 #include "mainwindow.h"
 #include "menuactionman.h"
@@ -13,7 +14,7 @@ int main(int argc, char *argv[])
     AppSetup::apply(app);
     QStringList args;
     for (int i = 1; i < argc; ++i)
-        args.append(QString::fromLatin1(argv[i]));
+        args.append(koru::sedgui::FileNameEscape::fromBytes(argv[i]));
 
     MainWindow window(args);
     new FindInFiles(&window, MenuActionMan::instance()->findShellAction("EDIT > FIND IN FILES..."));

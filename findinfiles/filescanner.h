@@ -4,19 +4,35 @@
 
 #include <QByteArray>
 #include <QList>
+#include <QStringDecoder>
 
 #include <atomic>
+#include <functional>
 #include <vector>
 
-// Reads one file at a time, once, and hands its text to the matcher. A file with a
-// NUL byte in its first block is binary and skipped, unless a UTF-16 or UTF-32 byte
-// order mark says otherwise. Text that is not valid UTF-8 is decoded as the legacy
-// 8-bit encoding (Windows-1252) before its hits are reported, as the editor would
-// show it.
+// Reads one file at a time, once, with read() in windows of at most ReadBytes
+// into buffers that are kept from file to file, and hands its text to the
+// matcher. Nothing is mapped: a file that another program shortens, lengthens
+// or deletes while it is read ends its scan with Changed or Deleted, never with
+// a fault.
+//
+// A window is searched up to its last line break; the partial line after it is
+// carried into the next window, so a match is never split. A line too long for
+// MaxLineBytes is cut, keeping a few bytes before the cut for context; memory
+// stays bounded whatever the file holds.
+//
+// Text is decoded as the editor decodes it: a byte order mark, else strict
+// UTF-8, else the encoding that detection finds (UTF-16 without a mark
+// included). A file larger than one window is decoded as its first window
+// that is not UTF-8 suggests. A file with a NUL byte in its first block that does not decode as
+// UTF-16 or UTF-32 is binary and skipped.
 class FileScanner
 {
 public:
-    enum class Result { Searched, Binary, Unreadable, Cancelled };
+    enum class Result { Searched, Binary, Unreadable, Cancelled, Changed, Deleted };
+
+    // Bytes asked of one read().
+    static constexpr qsizetype ReadBytes = 16 * 1024 * 1024;
 
     explicit FileScanner(const TextMatcher &matcher);
     ~FileScanner();
@@ -31,18 +47,42 @@ public:
     Result scan(const QByteArray &path, QList<TextMatcher::LineHit> &hits,
                 const std::atomic<bool> *cancel = nullptr);
 
+    // For tests: the bytes asked of one read() (a line longer than four times
+    // that is searched in parts), and a call after each read with the bytes of
+    // the file read so far.
+    using ReadHook = std::function<void(const QByteArray &path, qint64 bytesRead)>;
+    void setReadSize(qsizetype bytes) { m_readSize = bytes; }
+    void setReadHook(ReadHook hook) { m_readHook = std::move(hook); }
+
     static bool isValidUtf8(const char *data, qsizetype size);
-    // The bytes of a file that is not UTF-8, decoded and written out as UTF-8.
-    static QByteArray legacyToUtf8(QByteArrayView bytes);
 
 private:
-    bool read(int fd, qsizetype sizeHint);
-    void unmap();
+    enum class Mode { Undecided, Raw, Decoded };
+
+    bool readMore(int fd, const QByteArray &path);
+    bool decideEncoding(bool wholeFile, bool notUtf8);
+    void decodeFrom(qsizetype offset);
+    qsizetype cutPoint(bool *forced) const;
+    bool searchWindow(qsizetype cut, bool forced, const TextMatcher::HitSink &sink,
+                      const std::atomic<bool> *cancel);
 
     const TextMatcher &m_matcher;
-    std::vector<char> m_buffer;
-    const char *m_data = nullptr;
-    qsizetype m_size = 0;
-    void *m_mapped = nullptr;
-    qsizetype m_mappedSize = 0;
+    qsizetype m_readSize = ReadBytes;
+    ReadHook m_readHook;
+
+    // The text being searched: the carried partial line, then new text.
+    std::vector<char> m_text;
+    qsizetype m_filled = 0;
+    // Raw bytes read for a decoded file.
+    std::vector<char> m_raw;
+    // Per file.
+    Mode m_mode = Mode::Undecided;
+    QStringDecoder m_decoder;
+    qint64 m_bytesRead = 0;
+    qint64 m_expectedSize = 0; // when it was opened
+    qint64 m_line = 1;         // of m_text[0]
+    qsizetype m_searchFrom = 0;
+    bool m_lineHasHit = false; // the line cut at the end of the last window
+    bool m_checkUtf8 = true;   // raw windows are checked and decoded when not UTF-8
+    bool m_eof = false;
 };

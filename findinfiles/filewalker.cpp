@@ -31,12 +31,6 @@ bool matchesAny(const QList<QByteArray> &globs, const char *name)
     });
 }
 
-// A hit line is one line of the pane: a name with a line break could not be read back.
-bool isWritableOnOneLine(const char *name)
-{
-    return std::strpbrk(name, "\n\r") == nullptr;
-}
-
 } // namespace
 
 FileWalker::FileWalker(const SearchOptions &options)
@@ -84,10 +78,6 @@ bool FileWalker::enterFolder(const QByteArray &path, QList<QByteArray> &files,
         const char *name = entry->d_name;
         if (std::strcmp(name, ".") == 0 || std::strcmp(name, "..") == 0 || isExcluded(name))
             continue;
-        if (!isWritableOnOneLine(name)) {
-            ++m_unnamedEntries;
-            continue;
-        }
         unsigned char type = entry->d_type;
         if (type == DT_LNK || type == DT_UNKNOWN) {
             struct stat target;

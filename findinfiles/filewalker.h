@@ -26,8 +26,6 @@ public:
               const std::atomic<bool> *cancel = nullptr);
 
     qint64 unreadableFolders() const { return m_unreadableFolders; }
-    // Entries left out because their names cannot be written on one hit line.
-    qint64 unnamedEntries() const { return m_unnamedEntries; }
 
 private:
     bool isIncludedFile(const char *name) const;
@@ -40,5 +38,4 @@ private:
     bool m_includeHidden = false;
     std::set<std::pair<dev_t, ino_t>> m_visitedFolders;
     qint64 m_unreadableFolders = 0;
-    qint64 m_unnamedEntries = 0;
 };

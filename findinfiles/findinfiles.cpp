@@ -145,6 +145,14 @@ void FindInFiles::searchFinished(const SearchSummary &summary)
         if (summary.hitsNotShown > 0)
             m_results->appendPlainText(
                 HitFormatter::noteLine(tr("... %1 more hits not shown").arg(summary.hitsNotShown)));
+        for (const QString &file : summary.changedFiles)
+            m_results->appendPlainText(HitFormatter::noteLine(
+                tr("Changed by another program while it was searched, hits may be "
+                   "incomplete: %1")
+                    .arg(QDir::toNativeSeparators(file))));
+        for (const QString &file : summary.deletedFiles)
+            m_results->appendPlainText(HitFormatter::noteLine(
+                tr("Deleted while it was searched: %1").arg(QDir::toNativeSeparators(file))));
         m_results->appendPlainText(HitFormatter::noteLine(text));
     }
     showStatus(text);
@@ -186,6 +194,10 @@ QString FindInFiles::summaryText(const SearchSummary &summary)
         text += tr(", %1 binary skipped").arg(summary.binaryFilesSkipped);
     if (summary.unreadable > 0)
         text += tr(", %1 could not be read").arg(summary.unreadable);
+    if (summary.changed > 0)
+        text += tr(", %1 changed while searched").arg(summary.changed);
+    if (summary.deleted > 0)
+        text += tr(", %1 deleted while searched").arg(summary.deleted);
     text += QLatin1Char(')');
     if (summary.cancelled)
         text += tr("; search stopped");

@@ -1,6 +1,12 @@
 #include "hitformatter.h"
 
+#include "filenameescape.h"
+
+#include <QChar>
+
 #include <algorithm>
+
+using koru::sedgui::FileNameEscape;
 
 namespace {
 
@@ -9,9 +15,20 @@ namespace {
 constexpr char16_t ZeroWidthSpace = 0x200B;
 constexpr char16_t Ellipsis = 0x2026;
 
+bool isFormat(char16_t c)
+{
+    // None lies below the soft hyphen: ASCII text is passed at once.
+    return c >= 0xAD && QChar::category(char32_t(c)) == QChar::Other_Format;
+}
+
+// A character that would break the pane's line or that is a control: shown
+// as a space. Format characters (bidirectional controls, zero widths) are
+// written out instead, as file names are; surrogate pairs stay.
 bool isLineBreakOrControl(char16_t c)
 {
-    return (c < 0x20 && c != u'\t') || c == 0x7F || c == 0x85 || c == 0x2028 || c == 0x2029;
+    if (c >= 0x20 && c < 0x7F)
+        return false; // printable ASCII, most of every line
+    return c != u'\t' && !QChar::isSurrogate(c) && FileNameEscape::needsEscape(c) && !isFormat(c);
 }
 
 } // namespace
@@ -24,6 +41,21 @@ QString HitFormatter::blankControls(QStringView text)
         return result;
     std::replace_if(result.begin(), result.end(), isControl, QLatin1Char(' '));
     return result;
+}
+
+QString HitFormatter::showFormatCharacters(const QString &text)
+{
+    const auto isFormatChar = [](QChar c) { return isFormat(c.unicode()); };
+    if (std::none_of(text.begin(), text.end(), isFormatChar))
+        return text;
+    QString shown;
+    for (const QChar c : text) {
+        if (isFormat(c.unicode()))
+            shown += FileNameEscape::escape(QStringView(&c, 1));
+        else
+            shown += c;
+    }
+    return shown;
 }
 
 void HitFormatter::breakParenColon(QString &text)
@@ -66,6 +98,7 @@ QString HitFormatter::displayText(QStringView text, qsizetype column)
             cut.append(QChar(Ellipsis));
         shown = cut;
     }
+    shown = showFormatCharacters(shown);
     if (shown.isEmpty())
         shown = QStringLiteral(" ");
     breakParenColon(shown);
@@ -80,7 +113,7 @@ QString HitFormatter::hitLine(const QString &file, qint64 line, QStringView text
 
 QString HitFormatter::noteLine(QStringView text)
 {
-    QString note = blankControls(text);
+    QString note = showFormatCharacters(blankControls(text));
     breakParenColon(note);
     return note;
 }

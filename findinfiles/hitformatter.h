@@ -8,12 +8,15 @@
 // at the last "(...):" followed by text. So the text written after a hit's
 // "(line):" never holds "):", is never empty, and is one line: every hit line
 // reads back to its own file and line, whatever the file name or the text hold.
+// A file name is written as FileNameEscape writes it; in the text, line breaks
+// and controls are blanked and format characters written out the same way.
 class HitFormatter
 {
 public:
     // Longest hit text shown; longer lines are cut around the match.
     static constexpr qsizetype MaxTextLength = 300;
 
+    // file as FileNameEscape writes it (done once per file, not per hit).
     static QString hitLine(const QString &file, qint64 line, QStringView text, qsizetype column);
 
     // The text part of a hit line: control characters blanked, trimmed, cut to
@@ -26,5 +29,6 @@ public:
 
 private:
     static QString blankControls(QStringView text);
+    static QString showFormatCharacters(const QString &text);
     static void breakParenColon(QString &text);
 };

@@ -1,5 +1,6 @@
 #include "searchengine.h"
 
+#include "filenameescape.h"
 #include "filescanner.h"
 #include "filewalker.h"
 #include "hitformatter.h"
@@ -25,8 +26,10 @@ constexpr int ProgressIntervalMs = 100;
 
 struct SearchEngine::Run
 {
-    explicit Run(const SearchOptions &options)
+    Run(const SearchOptions &options, qsizetype readSize, FileScanner::ReadHook readHook)
         : options(options)
+        , readSize(readSize)
+        , readHook(std::move(readHook))
     {}
 
     struct Batch
@@ -36,6 +39,8 @@ struct SearchEngine::Run
     };
 
     const SearchOptions options;
+    const qsizetype readSize;
+    const FileScanner::ReadHook readHook;
     std::atomic<bool> cancel{false};
     std::atomic<qint64> filesSearched{0};
     std::atomic<qint64> filesWithHits{0};
@@ -75,11 +80,17 @@ bool SearchEngine::isRunning() const
 void SearchEngine::start(const SearchOptions &options)
 {
     stop();
-    auto run = std::make_shared<Run>(options);
+    auto run = std::make_shared<Run>(options, m_readSize, m_readHook);
     m_run = run;
     emit started(options);
     m_progressTimer.start();
     m_worker = std::thread([this, run] { runSearch(run); });
+}
+
+void SearchEngine::setScannerHooks(qsizetype readSize, FileScanner::ReadHook hook)
+{
+    m_readSize = readSize;
+    m_readHook = std::move(hook);
 }
 
 void SearchEngine::stop()
@@ -137,6 +148,8 @@ void SearchEngine::runSearch(const std::shared_ptr<Run> &run)
     } else {
         FileWalker walker(run->options);
         FileScanner scanner(matcher);
+        scanner.setReadSize(run->readSize);
+        scanner.setReadHook(run->readHook);
         Run::Batch batch;
         auto batchStarted = std::chrono::steady_clock::now();
 
@@ -179,7 +192,7 @@ void SearchEngine::runSearch(const std::shared_ptr<Run> &run)
 
         walker.walk(
             [&](const QByteArray &path) {
-                file = QFile::decodeName(path);
+                file = koru::sedgui::FileNameEscape::fromBytes(path);
                 fileHasHits = false;
                 switch (scanner.scan(path, onHit, &run->cancel)) {
                 case FileScanner::Result::Binary:
@@ -190,6 +203,16 @@ void SearchEngine::runSearch(const std::shared_ptr<Run> &run)
                     break;
                 case FileScanner::Result::Cancelled:
                     return false;
+                case FileScanner::Result::Changed:
+                    ++run->filesSearched;
+                    if (summary.changed++ < SearchSummary::MaxNamedFiles)
+                        summary.changedFiles.append(file);
+                    break;
+                case FileScanner::Result::Deleted:
+                    ++run->filesSearched;
+                    if (summary.deleted++ < SearchSummary::MaxNamedFiles)
+                        summary.deletedFiles.append(file);
+                    break;
                 case FileScanner::Result::Searched:
                     ++run->filesSearched;
                     break;

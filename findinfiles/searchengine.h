@@ -1,5 +1,6 @@
 #pragma once
 
+#include "filescanner.h"
 #include "searchoptions.h"
 #include "searchsummary.h"
 
@@ -34,6 +35,9 @@ public:
     ~SearchEngine() override;
 
     void start(const SearchOptions &options);
+    // For tests: the read size and the hook each search's scanner is given
+    // (see FileScanner); the hook is called on the worker thread.
+    void setScannerHooks(qsizetype readSize, FileScanner::ReadHook hook);
     void stop();
     bool isRunning() const;
 
@@ -56,5 +60,7 @@ private:
 
     std::shared_ptr<Run> m_run;
     std::thread m_worker;
+    qsizetype m_readSize = FileScanner::ReadBytes;
+    FileScanner::ReadHook m_readHook;
     QTimer m_progressTimer;
 };

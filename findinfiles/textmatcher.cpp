@@ -92,14 +92,13 @@ bool TextMatcher::findLines(QByteArrayView utf8, QList<LineHit> &hits,
 }
 
 bool TextMatcher::findLines(QByteArrayView utf8, const HitSink &sink,
-                            const std::atomic<bool> *cancel) const
+                            const std::atomic<bool> *cancel, qsizetype from, qint64 firstLine) const
 {
     if (!isValid())
         return true;
     const char *begin = utf8.data();
     const char *end = begin + utf8.size();
     LineCounter lines(utf8);
-    qsizetype from = 0;
     while (from < utf8.size()) {
         if (cancel && cancel->load(std::memory_order_relaxed))
             return false;
@@ -115,7 +114,7 @@ bool TextMatcher::findLines(QByteArrayView utf8, const HitSink &sink,
         // it is the end of the text.
         while (match.found() && (begin + match.begin < windowEnd || windowEnd == end)) {
             LineHit hit;
-            hit.line = lines.lineAt(match.begin);
+            hit.line = lines.lineAt(match.begin) + firstLine - 1;
             const char *lineStart = begin + lines.lineStart();
             const char *lineBreak = lineBreakFrom(lineStart, end);
             hit.text = QString::fromUtf8(lineStart, lineBreak - lineStart);

@@ -45,8 +45,11 @@ public:
     using HitSink = std::function<bool(const LineHit &hit)>;
 
     // Both return false when cancel was set part-way or the sink stopped them.
+    // The search starts at byte from (the bytes before it are context only);
+    // firstLine is the number of the line utf8 starts on.
     bool findLines(QByteArrayView utf8, const HitSink &sink,
-                   const std::atomic<bool> *cancel = nullptr) const;
+                   const std::atomic<bool> *cancel = nullptr, qsizetype from = 0,
+                   qint64 firstLine = 1) const;
     // Appends to hits.
     bool findLines(QByteArrayView utf8, QList<LineHit> &hits,
                    const std::atomic<bool> *cancel = nullptr) const;

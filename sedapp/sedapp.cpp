@@ -29,6 +29,14 @@ QString SedApp::getOptionTitle() const
 QWidget *SedApp::createTool(QWidget *parent, int, QStringList args, QString *errorText, int)
 {
     const ToolArgs parsed = ToolArgs::parse(args, QDir::currentPath());
+    if (!parsed.refused.isEmpty()) {
+        const QString why = parsed.refused.join(QLatin1Char('\n'));
+        UserPrompt::tell(parent, UserPrompt::Icon::Warning, tr("Open File"), why);
+        if (errorText)
+            *errorText = why;
+        if (parsed.files.isEmpty())
+            return nullptr;
+    }
     if (parsed.files.isEmpty())
         return new SedGUI(parent);
 

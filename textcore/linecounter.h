@@ -23,10 +23,16 @@ public:
     qsizetype lineStart() const { return m_lineStart; }
 
 private:
+    // Counts the LFs from m_offset to to, which holds no CR, and moves there.
+    void countLineFeedsTo(qsizetype to);
+
     QByteArrayView m_text;
     qsizetype m_offset = 0;
     qint64 m_line = 1;
     qsizetype m_lineStart = 0;
+    // The offset of the first CR at or after m_offset (the text's size when
+    // there is none), or less than m_offset when it must be looked up again.
+    qsizetype m_nextCr = -1;
 };
 
 } // namespace koru::sedgui

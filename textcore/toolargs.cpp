@@ -1,7 +1,9 @@
 #include "toolargs.h"
 
+#include "filenameescape.h"
 #include "textfilecodec.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -50,6 +52,38 @@ QString absolutePath(const QString &argument, const QDir &workingDir)
     return QDir::cleanPath(workingDir.absoluteFilePath(fileNameFromBytes(path)));
 }
 
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("koru::sedgui::ToolArgs", text);
+}
+
+// A name written with escapes (see FileNameEscape) names the file with those
+// characters, unless a file is really called as written. Empty, with *why
+// set, when it cannot be opened.
+QString unescapedName(const QString &argument, const QDir &workingDir, QString *why)
+{
+    if (!FileNameEscape::hasEscapes(argument))
+        return argument;
+    bool rawBytes = false;
+    const QString name = FileNameEscape::unescape(argument, &rawBytes);
+    const bool asWritten = QFileInfo::exists(workingDir.absoluteFilePath(argument));
+    if (rawBytes && !asWritten) {
+        *why = tr("\"%1\" cannot be opened: its name is not valid UTF-8 (each \\x{..} stands "
+                  "for such a byte), and the editor can only keep names that are.")
+                   .arg(argument);
+        return QString();
+    }
+    if (rawBytes || name == argument)
+        return argument;
+    if (asWritten && QFileInfo::exists(workingDir.absoluteFilePath(name))) {
+        *why = tr("\"%1\" is not opened: it could mean the file with the characters written "
+                  "as \\u{..}, or the file whose name spells them out, and both exist.")
+                   .arg(argument);
+        return QString();
+    }
+    return asWritten ? argument : name;
+}
+
 } // namespace
 
 ToolArgs ToolArgs::parse(const QStringList &args, const QString &workingDir)
@@ -94,8 +128,15 @@ ToolArgs ToolArgs::parse(const QStringList &args, const QString &workingDir)
             }
         }
 
+        QString why;
+        const QString name = unescapedName(argument, dir, &why);
+        if (name.isEmpty()) {
+            result.refused.append(why);
+            pendingLine = 0;
+            continue;
+        }
         File file;
-        file.path = absolutePath(argument, dir);
+        file.path = absolutePath(name, dir);
         file.line = pendingLine;
         pendingLine = 0;
         // "path:N" from compiler output, unless a file really has that name.

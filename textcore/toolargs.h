@@ -14,7 +14,9 @@ namespace koru::sedgui {
 //   path path ...              several files
 //   --                         everything after it is a path, even "-x" or "+3"
 // Relative paths are made absolute against the working folder; "file://"
-// URLs become paths. Unknown options are skipped and listed in ignored.
+// URLs become paths. Unknown options are skipped and listed in ignored. A
+// name written with FileNameEscape's escapes names the file with those
+// characters; one that cannot be opened is refused, with a sentence saying why.
 class ToolArgs
 {
 public:
@@ -30,6 +32,7 @@ public:
 
     QList<File> files;
     QStringList ignored;
+    QStringList refused;
 };
 
 } // namespace koru::sedgui

@@ -195,6 +195,22 @@
         <translation>, %1 nicht lesbar</translation>
     </message>
     <message>
+        <source>, %1 changed while searched</source>
+        <translation>, %1 während der Suche geändert</translation>
+    </message>
+    <message>
+        <source>, %1 deleted while searched</source>
+        <translation>, %1 während der Suche gelöscht</translation>
+    </message>
+    <message>
+        <source>Changed by another program while it was searched, hits may be incomplete: %1</source>
+        <translation>Während der Suche von einem anderen Programm geändert, Treffer können unvollständig sein: %1</translation>
+    </message>
+    <message>
+        <source>Deleted while it was searched: %1</source>
+        <translation>Während der Suche gelöscht: %1</translation>
+    </message>
+    <message>
         <source>; search stopped</source>
         <translation>; Suche angehalten</translation>
     </message>
@@ -1382,6 +1398,17 @@ The text that was being saved is offered back if it was not saved.</source>
 %1
 
 Der Text, der gespeichert werden sollte, wird wieder angeboten, falls er nicht gespeichert wurde.</translation>
+    </message>
+</context>
+<context>
+    <name>koru::sedgui::ToolArgs</name>
+    <message>
+        <source>&quot;%1&quot; cannot be opened: its name is not valid UTF-8 (each \x{..} stands for such a byte), and the editor can only keep names that are.</source>
+        <translation>&quot;%1&quot; kann nicht geöffnet werden: der Name ist kein gültiges UTF-8 (jedes \x{..} steht für ein solches Byte), und der Editor kann nur solche Namen behalten.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not opened: it could mean the file with the characters written as \u{..}, or the file whose name spells them out, and both exist.</source>
+        <translation>&quot;%1&quot; wird nicht geöffnet: gemeint sein kann die Datei mit den als \u{..} geschriebenen Zeichen oder die Datei, deren Name sie ausschreibt, und beide gibt es.</translation>
     </message>
 </context>
 </TS>

@@ -3,6 +3,7 @@
 #include "hitformatter.h"
 #include "resultwindow.h"
 #include "searchengine.h"
+#include "toolargs.h"
 #include "writefile.h"
 
 #include <QAction>
@@ -12,6 +13,10 @@
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QTemporaryDir>
+#include <QTextBlock>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 // Stands in for the shell's window: the slot the pane's hits are connected to.
 class FakeWindow : public QMainWindow
@@ -120,6 +125,73 @@ private slots:
         pane.openResultLine(hit);
         QCOMPARE(opened.size(), 1);
         QCOMPARE(opened.first(), (QVariantList{file, line}));
+    }
+    // Every character that breaks a line of Qt's text layout, a bidirectional
+    // control and a byte that is not UTF-8, in a file's name or in its hit line:
+    // one pane line, which the tool factory reads back into that file (or
+    // refuses, for a name no QString can hold) at line 2.
+    void eachHitIsOnePaneLineThatReachesItsFile_data()
+    {
+        QTest::addColumn<QByteArray>("name");
+        QTest::addColumn<QByteArray>("line");
+        QTest::addColumn<bool>("opens");
+        for (const char32_t c : {U'\n', U'\r', U'\v', U'\f', U'\u0085', U'\u2028', U'\u2029',
+                                 U'\uFDD0', U'\uFDD1', U'\u202E', U'\uFEFF'}) {
+            const QByteArray utf8 = QString::fromUcs4(&c, 1).toUtf8();
+            const QByteArray tag = "U+" + QByteArray::number(uint(c), 16).rightJustified(4, '0');
+            QTest::newRow(QByteArray(tag + " in the name").constData())
+                << "a" + utf8 + "b(1):c" << QByteArray("needle") << true;
+            if (c != U'\n' && c != U'\r')
+                QTest::newRow(QByteArray(tag + " in the text").constData())
+                    << QByteArray("t.c") << "x" + utf8 + "needle" + utf8 + "(2):y" << true;
+        }
+        QTest::newRow("a name that is not UTF-8")
+            << QByteArray("bad\xff.c") << QByteArray("needle") << false;
+    }
+    void eachHitIsOnePaneLineThatReachesItsFile()
+    {
+        QFETCH(QByteArray, name);
+        QFETCH(QByteArray, line);
+        QFETCH(bool, opens);
+        QTemporaryDir dir;
+        const QByteArray path = QFile::encodeName(dir.path()) + '/' + name;
+        const QByteArray content = "first\n" + line + "\n";
+        const int fd = open(path.constData(), O_WRONLY | O_CREAT, 0644);
+        QVERIFY(fd >= 0);
+        QCOMPARE(write(fd, content.constData(), size_t(content.size())), content.size());
+        close(fd);
+
+        SearchOptions options;
+        options.folder = dir.path();
+        options.text = QStringLiteral("needle");
+        QSignalSpy finished(m_fif->engine(), &SearchEngine::finished);
+        m_fif->startSearch(options);
+        QVERIFY(finished.wait());
+        const QTextDocument *pane = m_fif->resultWindow()->document();
+        QCOMPARE(pane->blockCount(), 3); // heading, the hit, summary
+        const QString hit = pane->findBlockByNumber(1).text();
+        for (const QChar c : hit) {
+            const QChar::Category category = c.category();
+            const bool breaksOrHides = category == QChar::Other_Control ||
+                                       category == QChar::Other_Format ||
+                                       category == QChar::Separator_Line ||
+                                       category == QChar::Separator_Paragraph || c.isNonCharacter();
+            // A tab is kept in texts; a zero-width space keeps "):" from ending a name.
+            QVERIFY2(!breaksOrHides || c == u'\t' || c == QChar(0x200B),
+                     qPrintable(QString::number(c.unicode(), 16)));
+        }
+
+        m_fif->resultWindow()->openResultLine(hit);
+        QCOMPARE(m_window->opened.size(), 1);
+        QCOMPARE(m_window->opened.first().second, 2);
+        const auto parsed = koru::sedgui::ToolArgs::parse({m_window->opened.first().first}, "/");
+        if (opens) {
+            QCOMPARE(parsed.files.size(), 1);
+            QCOMPARE(QFile::encodeName(parsed.files.first().path), path);
+        } else {
+            QVERIFY(parsed.files.isEmpty());
+            QCOMPARE(parsed.refused.size(), 1);
+        }
     }
     void longLineKeepsTheMatchInView()
     {

@@ -1,6 +1,9 @@
 #include "../textcore/searchpatterns.h"
 #include "filescanner.h"
+#include "findinfiles.h"
+#include "iconvcodec.h"
 #include "searchengine.h"
+#include "textfilecodec.h"
 #include "textmatcher.h"
 #include "writefile.h"
 
@@ -30,13 +33,16 @@ SearchOptions optionsFor(const QString &folder, const QString &text = QStringLit
 
 // "line:text" per hit of a file scanned as a search scans it, with a '|' where
 // the hit's first match starts; or why the file gave no hits.
-QStringList scanLines(const QByteArray &content, const TextMatcher &matcher)
+QStringList scanLines(const QByteArray &content, const TextMatcher &matcher, int readSize = 0)
 {
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("f.txt"));
     writeFile(path, content);
     QList<TextMatcher::LineHit> hits;
-    const FileScanner::Result result = FileScanner(matcher).scan(QFile::encodeName(path), hits);
+    FileScanner scanner(matcher);
+    if (readSize > 0)
+        scanner.setReadSize(readSize);
+    const FileScanner::Result result = scanner.scan(QFile::encodeName(path), hits);
     if (result != FileScanner::Result::Searched)
         return {QStringLiteral("result %1").arg(int(result))};
     QStringList lines;
@@ -44,6 +50,22 @@ QStringList scanLines(const QByteArray &content, const TextMatcher &matcher)
         lines.append(QString::number(hit.line) + QLatin1Char(':') +
                      QString(hit.text).insert(hit.column, QLatin1Char('|')));
     return lines;
+}
+
+QByteArray utf16le(const char16_t *text)
+{
+    QByteArray bytes = QByteArray::fromHex("fffe");
+    for (const char16_t *c = text; *c; ++c)
+        bytes += char(*c & 0xFF) + QByteArray(1, char(*c >> 8));
+    return bytes;
+}
+
+QByteArray encode(const QByteArray &utf8, const char *encoding)
+{
+    QByteArray bytes;
+    if (!koru::sedgui::IconvCodec::fromUtf8(utf8, encoding, &bytes))
+        qFatal("cannot encode the test text as %s", encoding);
+    return bytes;
 }
 
 int threadCount()
@@ -132,7 +154,7 @@ private slots:
                 wanted.append(match);
         // Hits are only taken from UTF-8, which the scanner makes of other text first.
         if (!FileScanner::isValidUtf8(text.data(), text.size()))
-            text = FileScanner::legacyToUtf8(text);
+            text = koru::sedgui::TextFileCodec::decode(text).utf8;
         QList<TextMatcher::LineHit> hits;
         matcher.findLines(text, hits);
         // Each hit: where its line's first match starts, in the line without its break.
@@ -150,10 +172,13 @@ private slots:
         QTest::addColumn<QString>("text");
         QTest::addColumn<searchpatterns::Options>("flags");
         QTest::addColumn<QStringList>("expected");
+        QTest::addColumn<int>("readSize"); // 0: the scanner's own
 
-        auto row = [](const char *tag, const QByteArray &content, const char *text,
-                      searchpatterns::Options flags, const QStringList &expected) {
-            QTest::newRow(tag) << content << QString::fromUtf8(text) << flags << expected;
+        auto row = [](const QByteArray &tag, const QByteArray &content, const char *text,
+                      searchpatterns::Options flags, const QStringList &expected,
+                      int readSize = 0) {
+            QTest::newRow(tag.constData())
+                << content << QString::fromUtf8(text) << flags << expected << readSize;
         };
         const QString binary = QStringLiteral("result %1").arg(int(FileScanner::Result::Binary));
         row("binary file", QByteArray("foo\0bar\nfoo\n", 12), "foo", {}, {binary});
@@ -168,6 +193,40 @@ private slots:
         row("line starts and numbers across the 4 MiB windows",
             "needle x\n" + QByteArray(4 * 1024 * 1024, 'x') + "\nneedle\nx needle", "^needle",
             searchpatterns::R, {"1:|needle x", "3:|needle"});
+        // Read 8 bytes at a time: lines and line breaks split between reads.
+        row("CRLF split between reads", "abcdefg\r\nneedle\rx\r\r\nneedle", "needle", {},
+            {"2:|needle", "5:|needle"}, 8);
+        row("a line over many reads", "x\n" + QByteArray(20, 'y') + "needle\nneedle", "needle", {},
+            {"2:" + QString(20, u'y') + "|needle", "3:|needle"}, 8);
+        // Cut after 32 bytes, the last 8 kept as context: the hit shows what is left of its line.
+        row("a line too long is cut: a match across the cut, one hit per line",
+            QByteArray(30, 'z') + "needle" + QByteArray(40, 'z') + "needle\nneedle", "needle", {},
+            {"1:zzzzzz|needle" + QString(20, u'z'), "2:|needle"}, 8);
+        row("UTF-16LE with BOM, decoded across reads", utf16le(u"x\n\u00e9 needle\r\nneedle"),
+            "needle", {}, {"2:\xc3\xa9 |needle", "3:|needle"}, 8);
+        // Legacy encodings as the editor detects them; each row's text repeats a
+        // sentence so that detection has enough to go on.
+        const char *japanese = "\xe6\x97\xa5\xe6\x9c\xac\xe8\xaa\x9e\xe3\x81\xae\xe6"
+                               "\x96\x87\xe7\xab\xa0\xe3\x81\xa7\xe3\x81\x99\xe3\x80\x82";
+        const char *chinese = "\xe8\xbf\x99\xe6\x98\xaf\xe4\xb8\xad\xe6\x96\x87\xe7"
+                              "\x9a\x84\xe6\x96\x87\xe4\xbb\xb6\xe3\x80\x82";
+        const char *russian = "\xd1\x8d\xd1\x82\xd0\xbe \xd1\x80\xd1\x83\xd1\x81\xd1"
+                              "\x81\xd0\xba\xd0\xb8\xd0\xb9 \xd1\x82\xd0\xb5\xd0\xba"
+                              "\xd1\x81\xd1\x82.";
+        for (const auto &[encoding, sentence] :
+             {std::pair{"SHIFT_JIS", japanese}, {"GB18030", chinese}, {"KOI8-R", russian}}) {
+            const QByteArray utf8 = QByteArray(sentence) + "\n";
+            const QByteArray text = utf8.repeated(20) + "needle " + sentence + '\n';
+            const QString hit = QStringLiteral("21:|needle ") + QString::fromUtf8(sentence);
+            row(encoding, encode(text, encoding), "needle", {}, {hit});
+            // A text that is not ASCII is only found in the decoded text.
+            QStringList all;
+            for (int line = 1; line <= 20; ++line)
+                all << QString::number(line) + ":|" + QString::fromUtf8(sentence);
+            all << QStringLiteral("21:needle |") + QString::fromUtf8(sentence);
+            row(QByteArray(encoding) + ", non-ASCII text", encode(text, encoding), sentence, {},
+                all);
+        }
     }
     void findsTheMatchingLines()
     {
@@ -175,7 +234,8 @@ private slots:
         QFETCH(QString, text);
         QFETCH(searchpatterns::Options, flags);
         QFETCH(QStringList, expected);
-        QCOMPARE(scanLines(content, TextMatcher(optionsFor({}, text, flags))), expected);
+        QFETCH(int, readSize);
+        QCOMPARE(scanLines(content, TextMatcher(optionsFor({}, text, flags)), readSize), expected);
     }
     void walksTheFilesToSearch_data()
     {
@@ -286,6 +346,50 @@ private slots:
         QCOMPARE(collected.summaries.size(), 1);
         QVERIFY(!collected.summaries.first().error.isEmpty());
         QCOMPARE(collected.summaries.first().filesSearched, 0);
+    }
+    // Read 64 bytes at a time; after the first read one file is cut short, one
+    // deleted and one lengthened: the search ends, names them, keeps what it read.
+    void filesChangedWhileReadAreNamed()
+    {
+        QTemporaryDir dir;
+        QByteArray content;
+        for (int i = 0; i < 20; ++i)
+            content += "needle " + QByteArray::number(i) + '\n';
+        const QString cut = dir.filePath(QStringLiteral("a-cut.txt"));
+        const QString gone = dir.filePath(QStringLiteral("b-gone.txt"));
+        const QString grows = dir.filePath(QStringLiteral("c-grows.txt"));
+        for (const QString &file : {cut, gone, grows})
+            writeFile(file, content);
+        writeFile(dir.filePath(QStringLiteral("d.txt")), "needle\n");
+
+        SearchEngine engine;
+        engine.setScannerHooks(64, [&](const QByteArray &path, qint64 bytesRead) {
+            if (bytesRead != 64)
+                return;
+            if (path == QFile::encodeName(cut)) {
+                (void)truncate(path.constData(), 20);
+            } else if (path == QFile::encodeName(gone)) {
+                unlink(path.constData());
+            } else if (path == QFile::encodeName(grows)) {
+                QFile file(grows);
+                if (file.open(QIODevice::Append))
+                    file.write(QByteArray(100000, 'x'));
+            }
+        });
+        Collected collected;
+        collect(engine, collected);
+        engine.start(optionsFor(dir.path()));
+        QTRY_COMPARE(collected.summaries.size(), 1);
+        const SearchSummary summary = collected.summaries.first();
+        QCOMPARE(summary.changedFiles, (QStringList{cut, grows}));
+        QCOMPARE(summary.deletedFiles, QStringList{gone});
+        // Seven whole lines in the first 64 bytes of the cut file; the deleted one
+        // is still read to its end, the lengthened one up to its old size.
+        QCOMPARE(summary.hits, 7 + 20 + 20 + 1);
+        const QString text = FindInFiles::summaryText(summary);
+        QVERIFY2(text.contains(QLatin1String("2 changed while searched")) &&
+                     text.contains(QLatin1String("1 deleted while searched")),
+                 qPrintable(text));
     }
     // A path longer than the system takes cannot be opened, not even by root: a file and a
     // folder whose paths just pass that length are unreadable entries of the tree.

@@ -60,7 +60,10 @@ private:
 void TestSedApp::initTestCase()
 {
     QVERIFY2(m_app, qPrintable(m_loader.errorString()));
-    for (const QString name : {"lines.txt", "odd:12"}) {
+    const QString both = QStringLiteral("both") + QChar(0x2029);
+    for (const QString &name :
+         {QStringLiteral("lines.txt"), QStringLiteral("odd:12"), QStringLiteral("lit\\u{0041}"),
+          both, QStringLiteral("both\\u{2029}")}) {
         QFile file(m_dir.filePath(name));
         QVERIFY(file.open(QIODevice::WriteOnly) && file.write(QByteArray("x\n").repeated(100)));
     }
@@ -79,6 +82,10 @@ void TestSedApp::parseArgs_data()
     // The shell hands a UTF-8 name over byte by byte; a Latin-1 one stays.
     QTest::newRow("UTF-8 bytes, Latin-1")
         << QString::fromLatin1(utf8.toUtf8()) + u' ' + utf8 + " => " + utf8 + "@0 " + utf8 + "@0";
+    // Names written with escapes, as the result pane and the command line write them.
+    QTest::newRow("escaped separator, name spelt out, not valid UTF-8, ambiguous")
+        << QStringLiteral("/a\\u{2029}b lit\\u{0041} /bad\\x{FF}.c both\\u{2029} => /a") +
+               QChar(0x2029) + QStringLiteral("b@0 W/lit\\u{0041}@0 refusing 2");
 }
 
 void TestSedApp::parseArgs()
@@ -90,6 +97,8 @@ void TestSedApp::parseArgs()
         found << QStringLiteral("%1@%2").arg(file.path).arg(file.line);
     if (!parsed.ignored.isEmpty())
         found << QStringLiteral("ignoring") << parsed.ignored;
+    if (!parsed.refused.isEmpty())
+        found << QStringLiteral("refusing") << QString::number(parsed.refused.size());
     QCOMPARE(found.join(u' '), row.section(" => ", 1).replace(u'W', m_dir.path()));
 }
 
