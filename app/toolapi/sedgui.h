@@ -166,6 +166,11 @@ private:
 
     // Members of find, print and view (sedgui_find.cpp, sedgui_print.cpp,
     // sedgui_view.cpp) go below this line.
+
+    // Selection, search and completion: the tool's own Edit actions reach
+    // Find Previous through this (sedgui_find.cpp).
+    friend class EditorActions;
+    void findPrevious();
 };
 
 } // namespace koru::sedgui

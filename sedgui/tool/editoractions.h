@@ -11,8 +11,10 @@ class QMenu;
 
 namespace koru::sedgui {
 
+class MultiSelection;
 class SedGUI;
 struct TextFormat;
+class WordCompleter;
 
 // The editor tool's own Edit and View actions. Every tool has its own set,
 // so the checks show that tool's state. The actions are added to the tool
@@ -62,6 +64,8 @@ private:
     QMenu *m_lineEndingMenu = nullptr;
     QMenu *m_syntaxMenu = nullptr;
     bool m_lineNumbers = false;
+    MultiSelection *m_multiSelection = nullptr;
+    WordCompleter *m_completer = nullptr;
 };
 
 } // namespace koru::sedgui
