@@ -132,7 +132,9 @@ void MatchMarker::countSlice()
     }
     SearchCore::Match match =
         previous.found() ? core.findAfter(text, previous) : core.find(text, m_countFrom);
-    while (match.found() && match.begin < sliceEnd) {
+    const bool lastSlice = sliceEnd >= whole.size();
+    // An empty match at the very end belongs to the last slice.
+    while (match.found() && (match.begin < sliceEnd || lastSlice)) {
         m_matches.push_back({match.begin, match.end});
         if (qint64(m_matches.size()) >= MaxCounted) {
             m_capped = core.findAfter(whole, match).found();
@@ -143,7 +145,7 @@ void MatchMarker::countSlice()
         match = core.findAfter(text, match);
     }
     m_countFrom = m_matches.empty() ? sliceEnd : std::max(sliceEnd, m_matches.back().end);
-    if (sliceEnd >= whole.size()) {
+    if (lastSlice) {
         m_timer.stop();
     }
     Q_EMIT changed();
