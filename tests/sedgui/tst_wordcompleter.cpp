@@ -38,7 +38,7 @@ void TestWordCompleter::initTestCase()
     m_tool = std::make_unique<SedGUI>();
     m_other = std::make_unique<SedGUI>();
     // The caret's document: near words, and one beyond the window around the caret.
-    setText(*m_tool, "counter countdown cou 12abc xy\n" +
+    setText(*m_tool, "counter countdown cou 12abc qz\n" +
                          QByteArray(WordCompleter::Window * 2, ' ') + " coupling\n");
     m_tool->setLanguage(QStringLiteral("C"));
     // Another document, with a word across the end of the index's first slice.
@@ -64,7 +64,7 @@ void TestWordCompleter::offers_data()
     QTest::newRow("words starting with a digit are not offered")
         << QByteArray("12a") << QStringList();
     QTest::newRow("words too short to complete are not offered")
-        << QByteArray("x") << QStringList();
+        << QByteArray("q") << QStringList();
 }
 
 void TestWordCompleter::offers()
