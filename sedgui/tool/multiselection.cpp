@@ -2,7 +2,9 @@
 
 #include "searchcore.h"
 
+#include <QCoreApplication>
 #include <QKeyEvent>
+#include <QMouseEvent>
 
 #include <Qsci/qscicommand.h>
 #include <Qsci/qscicommandset.h>
@@ -38,8 +40,6 @@ MultiSelection::MultiSelection(QsciScintilla *editor, QObject *parent)
     send(editor, Sci::SCI_SETMULTIPLESELECTION, 1);
     send(editor, Sci::SCI_SETADDITIONALSELECTIONTYPING, 1);
     send(editor, Sci::SCI_SETMULTIPASTE, Sci::SC_MULTIPASTE_EACH);
-    send(editor, Sci::SCI_SETRECTANGULARSELECTIONMODIFIER, Sci::SCMOD_ALT);
-    send(editor, Sci::SCI_SETMOUSESELECTIONRECTANGULARSWITCH, 1);
     // A column may reach past the ends of shorter lines.
     send(editor, Sci::SCI_SETVIRTUALSPACEOPTIONS, Sci::SCVS_RECTANGULARSELECTION);
 
@@ -74,6 +74,7 @@ MultiSelection::MultiSelection(QsciScintilla *editor, QObject *parent)
         }
     }
     editor->installEventFilter(this);
+    editor->viewport()->installEventFilter(this);
 }
 
 bool MultiSelection::eventFilter(QObject *watched, QEvent *event)
@@ -85,7 +86,52 @@ bool MultiSelection::eventFilter(QObject *watched, QEvent *event)
             return true;
         }
     }
+    if (watched == m_editor->viewport() && !m_forwarding) {
+        switch (event->type()) {
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::MouseMove:
+        case QEvent::MouseButtonRelease:
+            return filterMouse(static_cast<QMouseEvent *>(event));
+        default:
+            break;
+        }
+    }
     return QObject::eventFilter(watched, event);
+}
+
+bool MultiSelection::filterMouse(QMouseEvent *event)
+{
+    const Qt::KeyboardModifiers modifiers =
+        event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::ShiftModifier);
+    const bool press =
+        event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
+    if (press && event->button() == Qt::LeftButton && modifiers == Qt::ControlModifier) {
+        const QPoint at = event->position().toPoint();
+        const qint64 pos = send(m_editor, Sci::SCI_POSITIONFROMPOINT, at.x(), at.y());
+        if (!isSelected(pos, pos)) {
+            send(m_editor, Sci::SCI_ADDSELECTION, pos, pos);
+        }
+        m_addingCaret = true;
+        return true;
+    }
+    if (m_addingCaret) {
+        if (event->type() == QEvent::MouseButtonRelease) {
+            m_addingCaret = false;
+        }
+        return true;
+    }
+    if (modifiers.testFlag(Qt::AltModifier) && !modifiers.testFlag(Qt::ControlModifier) &&
+        (event->buttons() & Qt::LeftButton || event->button() == Qt::LeftButton)) {
+        QMouseEvent asRectangle(event->type(), event->position(), event->scenePosition(),
+                                event->globalPosition(), event->button(), event->buttons(),
+                                (modifiers & ~Qt::AltModifier) | Qt::ControlModifier);
+        m_forwarding = true;
+        QCoreApplication::sendEvent(m_editor->viewport(), &asRectangle);
+        m_forwarding = false;
+        return true;
+    }
+    return false;
 }
 
 bool MultiSelection::collapseToMainCaret()

@@ -4,6 +4,7 @@
 
 #include <QObject>
 
+class QMouseEvent;
 class QsciScintilla;
 
 namespace koru::sedgui {
@@ -41,12 +42,18 @@ protected:
 private:
     // Selects the word around the caret; false when the caret is not in one.
     bool selectWordAtCaret();
+    // Ctrl+click adds a caret; Alt+drag goes to the editor as the drag that
+    // selects a rectangle, which it takes with Ctrl held.
+    bool filterMouse(QMouseEvent *event);
     bool isSelected(qint64 start, qint64 end) const;
 
     QsciScintilla *m_editor;
     // The word Ctrl+D picked at the caret: its occurrences are whole words.
     qint64 m_wordStart = -1;
     qint64 m_wordEnd = -1;
+    // Between a Ctrl+click's press and release, the editor sees no mouse.
+    bool m_addingCaret = false;
+    bool m_forwarding = false;
 };
 
 } // namespace koru::sedgui

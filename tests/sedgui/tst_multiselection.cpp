@@ -24,6 +24,7 @@ private Q_SLOTS:
     void rectangleRoundTrip();
     void occurrences_data();
     void occurrences();
+    void mouse();
 };
 
 namespace {
@@ -208,6 +209,32 @@ void TestMultiSelection::occurrences()
     QCOMPARE(textOf(editor).count('z'), qsizetype(expected.size()));
     QTest::keyClick(editor, Qt::Key_Escape);
     QCOMPARE(send(editor, Sci::SCI_GETSELECTIONS), 1l);
+}
+
+void TestMultiSelection::mouse()
+{
+    SedGUI tool;
+    QsciScintilla *editor = tool.editor();
+    setText(editor, "abcd\nefgh\nijkl\n");
+    tool.show();
+    QWidget *view = editor->viewport();
+    const auto pointAt = [editor](long pos) {
+        return QPoint(int(send(editor, Sci::SCI_POINTXFROMPOSITION, 0, pos)),
+                      int(send(editor, Sci::SCI_POINTYFROMPOSITION, 0, pos)) + 2);
+    };
+    QTest::mouseClick(view, Qt::LeftButton, {}, pointAt(1));
+    QTest::mouseClick(view, Qt::LeftButton, Qt::ControlModifier, pointAt(7));
+    QTest::mouseClick(view, Qt::LeftButton, Qt::ControlModifier, pointAt(13));
+    QCOMPARE(selections(editor), (QStringList{"1-1", "7-7", "13-13"}));
+
+    // Alt+drag from b to k: the rectangle "bc", "fg", "jk".
+    QTest::mousePress(view, Qt::LeftButton, Qt::AltModifier, pointAt(1));
+    QMouseEvent move(QEvent::MouseMove, pointAt(13), view->mapToGlobal(pointAt(13)), Qt::NoButton,
+                     Qt::LeftButton, Qt::AltModifier);
+    QCoreApplication::sendEvent(view, &move);
+    QTest::mouseRelease(view, Qt::LeftButton, Qt::AltModifier, pointAt(13));
+    QCOMPARE(send(editor, Sci::SCI_GETSELECTIONMODE), long(Sci::SC_SEL_RECTANGLE));
+    QCOMPARE(selections(editor), (QStringList{"1-3", "6-8", "11-13"}));
 }
 
 QTEST_MAIN(TestMultiSelection)
