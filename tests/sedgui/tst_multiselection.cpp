@@ -10,9 +10,8 @@
 
 using namespace koru::sedgui;
 
-// Several carets and column selections in the editor tool: an edit at many
-// carets is the edits at each, rectangles travel through the clipboard as
-// rectangles, and occurrences are added as the user asks.
+// An edit at many carets is the edits at each, rectangles travel through the
+// clipboard as rectangles, and occurrences are added as the user asks.
 class TestMultiSelection : public QObject
 {
     Q_OBJECT
@@ -24,7 +23,6 @@ private Q_SLOTS:
     void rectangleRoundTrip();
     void occurrences_data();
     void occurrences();
-    void mouse();
 };
 
 namespace {
@@ -36,15 +34,17 @@ long send(QsciScintilla *editor, unsigned int message, long wParam = 0, long lPa
     return editor->SendScintilla(message, static_cast<unsigned long>(wParam), lParam);
 }
 
-void setText(QsciScintilla *editor, const QByteArray &text)
+void setText(SedGUI &tool, const QByteArray &text)
 {
-    editor->SendScintilla(Sci::SCI_SETTEXT, 0ul, text.constData());
-    send(editor, Sci::SCI_EMPTYUNDOBUFFER);
+    tool.editor()->SendScintilla(Sci::SCI_SETTEXT, 0ul, text.constData());
+    send(tool.editor(), Sci::SCI_EMPTYUNDOBUFFER);
+    tool.show(); // lays the lines out, for the mouse and for moving down a column
 }
 
-QByteArray textOf(QsciScintilla *editor)
+QPoint pointAt(QsciScintilla *editor, long pos)
 {
-    return editor->text().toUtf8();
+    return {int(send(editor, Sci::SCI_POINTXFROMPOSITION, 0, pos)),
+            int(send(editor, Sci::SCI_POINTYFROMPOSITION, 0, pos)) + 2};
 }
 
 // Every selection as "start-end", in document order.
@@ -67,92 +67,92 @@ QStringList selections(QsciScintilla *editor)
 
 void TestMultiSelection::editAtEveryCaret_data()
 {
-    QTest::addColumn<QByteArray>("text");
-    QTest::addColumn<QList<int>>("carets");
     QTest::addColumn<QString>("edit");
-
-    const QByteArray lines = "one two\nthree four\nfive\n\nsix seven\n";
-    const QList<int> columns{3, 11, 21, 24, 28}; // the fourth is on the empty line
-    const QByteArray sameLine = "abcdefghijklmnop";
-    const QList<int> onOneLine{1, 4, 7, 10, 16};
-    for (const char *edit : {"type", "backspace", "paste"}) {
-        QTest::addRow("%s at five lines", edit) << lines << columns << QString::fromLatin1(edit);
-        QTest::addRow("%s at five places of one line", edit)
-            << sameLine << onOneLine << QString::fromLatin1(edit);
-    }
+    QTest::addColumn<bool>("byMouse");
+    // The edit made at each caret alone.
+    QTest::addColumn<QByteArray>("expected");
+    QTest::newRow("type") << "type" << false << "onex two\nthrxee four\nfixve\nx\nsixx seven\n"_qba;
+    QTest::newRow("backspace") << "backspace" << false << "on two\nthee four\nfve\nsi seven\n"_qba;
+    QTest::newRow("paste") << "paste" << false
+                           << "oneab two\nthrabee four\nfiabve\nab\nsixab seven\n"_qba;
+    QTest::newRow("type at carets added with Ctrl+click")
+        << "type" << true << "onex two\nthrxee four\nfixve\nx\nsixx seven\n"_qba;
 }
 
 void TestMultiSelection::editAtEveryCaret()
 {
-    QFETCH(QByteArray, text);
-    QFETCH(QList<int>, carets);
     QFETCH(QString, edit);
+    QFETCH(bool, byMouse);
+    QFETCH(QByteArray, expected);
+    const QByteArray text = "one two\nthree four\nfive\n\nsix seven\n";
+    const QList<int> carets{3, 11, 21, 24, 28}; // the fourth is on the empty line
 
     SedGUI tool;
     QsciScintilla *editor = tool.editor();
-    setText(editor, text);
+    setText(tool, text);
     send(editor, Sci::SCI_SETSELECTION, carets.first(), carets.first());
     for (qsizetype i = 1; i < carets.size(); ++i) {
-        send(editor, Sci::SCI_ADDSELECTION, carets[i], carets[i]);
+        if (byMouse) {
+            QTest::mouseClick(editor->viewport(), Qt::LeftButton, Qt::ControlModifier,
+                              pointAt(editor, carets[i]));
+        } else {
+            send(editor, Sci::SCI_ADDSELECTION, carets[i], carets[i]);
+        }
     }
     QCOMPARE(send(editor, Sci::SCI_GETSELECTIONS), long(carets.size()));
 
-    // The same edit made at each caret alone, from the last one back.
-    QByteArray expected = text;
-    for (auto it = carets.crbegin(); it != carets.crend(); ++it) {
-        if (edit == QLatin1String("type")) {
-            expected.insert(*it, 'x');
-        } else if (edit == QLatin1String("backspace")) {
-            if (*it > 0) {
-                expected.remove(*it - 1, 1);
-            }
-        } else {
-            expected.insert(*it, "ab");
-        }
-    }
-    if (edit == QLatin1String("type")) {
-        QTest::keyClick(editor, Qt::Key_X);
-    } else if (edit == QLatin1String("backspace")) {
-        QTest::keyClick(editor, Qt::Key_Backspace);
-    } else {
+    if (edit == QLatin1String("paste")) {
         QApplication::clipboard()->setText(QStringLiteral("ab"));
         tool.paste();
+    } else {
+        QTest::keyClick(editor, edit == QLatin1String("type") ? Qt::Key_X : Qt::Key_Backspace);
     }
-    QCOMPARE(textOf(editor), expected);
+    QCOMPARE(editor->text().toUtf8(), expected);
     tool.undo();
-    QCOMPARE(textOf(editor), text);
+    QCOMPARE(editor->text().toUtf8(), text);
 }
 
 void TestMultiSelection::rectangleRoundTrip_data()
 {
+    QTest::addColumn<bool>("byMouse");
     QTest::addColumn<int>("pasteAt");
     QTest::addColumn<QByteArray>("expected");
 
-    // The rectangle "bc", "fg", "jk" of "abcd\nefgh\nijkl\n".
-    QTest::newRow("after the first line") << 4 << QByteArray("abcdbc\nefghfg\nijkljk\n");
-    QTest::newRow("at the second line's start") << 5 << QByteArray("abcd\nbcefgh\nfgijkl\njk");
-    QTest::newRow("inside the block itself") << 2 << QByteArray("abbccd\neffggh\nijjkkl\n");
+    // The rectangle "bc", "fg", "jk" of "abcd\nefgh\nijkl\n", by Alt+Shift+arrows or Alt+drag.
+    QTest::newRow("keys, after the first line") << false << 4 << "abcdbc\nefghfg\nijkljk\n"_qba;
+    QTest::newRow("keys, at the second line's start")
+        << false << 5 << "abcd\nbcefgh\nfgijkl\njk"_qba;
+    QTest::newRow("mouse, inside the block itself") << true << 2 << "abbccd\neffggh\nijjkkl\n"_qba;
 }
 
 void TestMultiSelection::rectangleRoundTrip()
 {
+    QFETCH(bool, byMouse);
     QFETCH(int, pasteAt);
     QFETCH(QByteArray, expected);
 
     SedGUI tool;
     QsciScintilla *editor = tool.editor();
-    setText(editor, "abcd\nefgh\nijkl\n");
-    tool.show(); // lays the lines out: moving down keeps the caret's column
-    QTest::keyClick(editor, Qt::Key_Right); // the caret's column is now the one chosen
-    // The column keys the tool binds.
-    for (Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Right, Qt::Key_Right}) {
-        QTest::keyClick(editor, key, Qt::AltModifier | Qt::ShiftModifier);
+    setText(tool, "abcd\nefgh\nijkl\n");
+    if (byMouse) {
+        QWidget *view = editor->viewport();
+        QTest::mousePress(view, Qt::LeftButton, Qt::AltModifier, pointAt(editor, 1));
+        QMouseEvent move(QEvent::MouseMove, pointAt(editor, 13),
+                         view->mapToGlobal(pointAt(editor, 13)), Qt::NoButton, Qt::LeftButton,
+                         Qt::AltModifier);
+        QCoreApplication::sendEvent(view, &move);
+        QTest::mouseRelease(view, Qt::LeftButton, Qt::AltModifier, pointAt(editor, 13));
+    } else {
+        QTest::keyClick(editor, Qt::Key_Right); // the column the caret keeps going down
+        for (Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Right, Qt::Key_Right}) {
+            QTest::keyClick(editor, key, Qt::AltModifier | Qt::ShiftModifier);
+        }
     }
-    QCOMPARE(send(editor, Sci::SCI_GETSELECTIONMODE), long(Sci::SC_SEL_RECTANGLE));
+    QCOMPARE(selections(editor), (QStringList{"1-3", "6-8", "11-13"}));
     tool.copy();
     send(editor, Sci::SCI_GOTOPOS, pasteAt);
     tool.paste();
-    QCOMPARE(textOf(editor), expected);
+    QCOMPARE(editor->text().toUtf8(), expected);
 }
 
 void TestMultiSelection::occurrences_data()
@@ -166,24 +166,18 @@ void TestMultiSelection::occurrences_data()
     const QByteArray foo = "foo food foo xfoo foo";
     const QStringList next{QStringLiteral("addNextOccurrence")};
     const QStringList all{QStringLiteral("selectAllOccurrences")};
-    QTest::newRow("the caret picks its word") << foo << 1 << 1 << next << QStringList{"0-3"};
-    QTest::newRow("a picked word adds whole words only")
+    QTest::newRow("a word picked at the caret adds whole words")
         << foo << 1 << 1 << next + next + next << QStringList{"0-3", "9-12", "18-21"};
     QTest::newRow("a selection adds any occurrence")
         << foo << 0 << 2 << next + next << QStringList{"0-2", "4-6", "9-11"};
     QTest::newRow("adding wraps around to the start")
-        << QByteArray("ab x ab y ab") << 5 << 7 << next + next
-        << QStringList{"0-2", "5-7", "10-12"};
-    QTest::newRow("nothing more to add")
-        << QByteArray("ab ab") << 0 << 2 << next + next + next << QStringList{"0-2", "3-5"};
-    QTest::newRow("case counts") << QByteArray("Ab ab AB ab") << 3 << 5 << all
+        << "ab x ab y ab"_qba << 5 << 7 << next + next << QStringList{"0-2", "5-7", "10-12"};
+    QTest::newRow("case counts") << "Ab ab AB ab"_qba << 3 << 5 << all
                                  << QStringList{"3-5", "9-11"};
     QTest::newRow("all whole words from the caret")
         << foo << 10 << 10 << all << QStringList{"0-3", "9-12", "18-21"};
     QTest::newRow("all of a selection")
         << foo << 0 << 2 << all << QStringList{"0-2", "4-6", "9-11", "14-16", "18-20"};
-    QTest::newRow("no word at the caret")
-        << QByteArray("a  b") << 2 << 2 << all + next << QStringList{"2-2"};
 }
 
 void TestMultiSelection::occurrences()
@@ -196,45 +190,18 @@ void TestMultiSelection::occurrences()
 
     SedGUI tool;
     QsciScintilla *editor = tool.editor();
-    setText(editor, text);
+    setText(tool, text);
     send(editor, Sci::SCI_SETSEL, start, end);
-    auto *actions = tool.findChild<EditorActions *>();
     for (const QString &command : std::as_const(commands)) {
-        actions->action(command)->trigger();
+        tool.findChild<EditorActions *>()->action(command)->trigger();
     }
     QCOMPARE(selections(editor), expected);
 
     // Typing replaces every selection at once; Escape leaves one caret.
     QTest::keyClick(editor, Qt::Key_Z);
-    QCOMPARE(textOf(editor).count('z'), qsizetype(expected.size()));
+    QCOMPARE(editor->text().count('z'), qsizetype(expected.size()));
     QTest::keyClick(editor, Qt::Key_Escape);
     QCOMPARE(send(editor, Sci::SCI_GETSELECTIONS), 1l);
-}
-
-void TestMultiSelection::mouse()
-{
-    SedGUI tool;
-    QsciScintilla *editor = tool.editor();
-    setText(editor, "abcd\nefgh\nijkl\n");
-    tool.show();
-    QWidget *view = editor->viewport();
-    const auto pointAt = [editor](long pos) {
-        return QPoint(int(send(editor, Sci::SCI_POINTXFROMPOSITION, 0, pos)),
-                      int(send(editor, Sci::SCI_POINTYFROMPOSITION, 0, pos)) + 2);
-    };
-    QTest::mouseClick(view, Qt::LeftButton, {}, pointAt(1));
-    QTest::mouseClick(view, Qt::LeftButton, Qt::ControlModifier, pointAt(7));
-    QTest::mouseClick(view, Qt::LeftButton, Qt::ControlModifier, pointAt(13));
-    QCOMPARE(selections(editor), (QStringList{"1-1", "7-7", "13-13"}));
-
-    // Alt+drag from b to k: the rectangle "bc", "fg", "jk".
-    QTest::mousePress(view, Qt::LeftButton, Qt::AltModifier, pointAt(1));
-    QMouseEvent move(QEvent::MouseMove, pointAt(13), view->mapToGlobal(pointAt(13)), Qt::NoButton,
-                     Qt::LeftButton, Qt::AltModifier);
-    QCoreApplication::sendEvent(view, &move);
-    QTest::mouseRelease(view, Qt::LeftButton, Qt::AltModifier, pointAt(13));
-    QCOMPARE(send(editor, Sci::SCI_GETSELECTIONMODE), long(Sci::SC_SEL_RECTANGLE));
-    QCOMPARE(selections(editor), (QStringList{"1-3", "6-8", "11-13"}));
 }
 
 QTEST_MAIN(TestMultiSelection)

@@ -14,64 +14,43 @@ class TestWordCompleter : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
     void offers_data();
     void offers();
-
-private:
-    std::unique_ptr<SedGUI> m_tool;
-    std::unique_ptr<SedGUI> m_other;
 };
-
-namespace {
-
-void setText(SedGUI &tool, const QByteArray &text)
-{
-    tool.editor()->SendScintilla(QsciScintillaBase::SCI_SETTEXT, 0ul, text.constData());
-    tool.editor()->SendScintilla(QsciScintillaBase::SCI_GOTOPOS, 0ul);
-}
-
-} // namespace
-
-void TestWordCompleter::initTestCase()
-{
-    m_tool = std::make_unique<SedGUI>();
-    m_other = std::make_unique<SedGUI>();
-    // The caret's document: near words, and one beyond the window around the caret.
-    setText(*m_tool, "counter countdown cou 12abc qz\n" +
-                         QByteArray(WordCompleter::Window * 2, ' ') + " coupling\n");
-    m_tool->setLanguage(QStringLiteral("C"));
-    // Another document, with a word across the end of the index's first slice.
-    QByteArray other(WordCompleter::IndexSlice * 2, '.');
-    other.replace(WordCompleter::IndexSlice - 5, 12, "boundaryword");
-    other.replace(100, 9, "countless");
-    setText(*m_other, other);
-    auto *completer = m_tool->findChild<WordCompleter *>();
-    completer->candidates("x"); // starts the indexes
-    QTRY_VERIFY(completer->isIndexed() && m_other->findChild<WordCompleter *>()->isIndexed());
-}
 
 void TestWordCompleter::offers_data()
 {
     QTest::addColumn<QByteArray>("prefix");
     QTest::addColumn<QStringList>("expected");
-
     QTest::newRow("near, far and other documents' words, not the prefix itself")
-        << QByteArray("cou") << QStringList{"countdown", "counter", "countless", "coupling"};
-    QTest::newRow("a word across index slices whole")
-        << QByteArray("bou") << QStringList{"boundaryword"};
-    QTest::newRow("the language's keywords") << QByteArray("whi") << QStringList{"while"};
-    QTest::newRow("words starting with a digit are not offered")
-        << QByteArray("12a") << QStringList();
-    QTest::newRow("words too short to complete are not offered")
-        << QByteArray("q") << QStringList();
+        << "cou"_qba << QStringList{"countdown", "counter", "countless", "coupling"};
+    QTest::newRow("a word across index slices whole") << "bou"_qba << QStringList{"boundaryword"};
+    QTest::newRow("the language's keywords") << "whi"_qba << QStringList{"while"};
+    QTest::newRow("no words starting with a digit") << "12a"_qba << QStringList();
+    QTest::newRow("no words too short to complete") << "q"_qba << QStringList();
 }
 
 void TestWordCompleter::offers()
 {
     QFETCH(QByteArray, prefix);
     QFETCH(QStringList, expected);
-    QCOMPARE(m_tool->findChild<WordCompleter *>()->candidates(prefix), expected);
+    // The caret's document, with a word beyond the window read around the caret.
+    SedGUI tool;
+    const QByteArray text = "counter countdown cou 12abc qz\n" +
+                            QByteArray(WordCompleter::Window * 2, ' ') + " coupling\n";
+    tool.editor()->SendScintilla(QsciScintillaBase::SCI_SETTEXT, 0ul, text.constData());
+    tool.setLanguage(QStringLiteral("C"));
+    // Another document, with a word across the end of the index's first slice.
+    SedGUI other;
+    QByteArray otherText(WordCompleter::IndexSlice * 2, '.');
+    otherText.replace(WordCompleter::IndexSlice - 5, 12, "boundaryword");
+    otherText.replace(100, 9, "countless");
+    other.editor()->SendScintilla(QsciScintillaBase::SCI_SETTEXT, 0ul, otherText.constData());
+
+    auto *completer = tool.findChild<WordCompleter *>();
+    completer->candidates(prefix); // starts the indexes
+    QTRY_VERIFY(completer->isIndexed() && other.findChild<WordCompleter *>()->isIndexed());
+    QCOMPARE(completer->candidates(prefix), expected);
 }
 
 QTEST_MAIN(TestWordCompleter)
