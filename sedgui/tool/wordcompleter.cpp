@@ -43,10 +43,17 @@ QByteArrayView rangeOf(QsciScintilla *editor, qint64 start, qint64 end)
     return data ? QByteArrayView(data, end - start) : QByteArrayView();
 }
 
-// Adds the words of text that are long enough to be worth completing; a word
-// cut by either end of text is left out when the text goes on there.
-void collectWords(QByteArrayView text, bool cutAtStart, bool cutAtEnd, QSet<QByteArray> *words,
-                  qsizetype limit)
+// The word is worth offering for prefix (any word for an empty prefix).
+bool completes(QByteArrayView word, QByteArrayView prefix)
+{
+    return word.size() > prefix.size() && word.startsWith(prefix);
+}
+
+// Adds the words of text that are long enough to be worth completing and
+// start with prefix; a word cut by either end of text is left out when the
+// text goes on there.
+void collectWords(QByteArrayView text, bool cutAtStart, bool cutAtEnd, QByteArrayView prefix,
+                  QSet<QByteArray> *words, qsizetype limit)
 {
     qsizetype i = 0;
     if (cutAtStart) {
@@ -66,7 +73,7 @@ void collectWords(QByteArrayView text, bool cutAtStart, bool cutAtEnd, QSet<QByt
         const bool cut = cutAtEnd && i == text.size();
         const bool startsWithDigit = length > 0 && text[start] >= '0' && text[start] <= '9';
         if (!cut && length >= WordCompleter::MinimumPrefix && length <= MaxWordLength &&
-            !startsWithDigit) {
+            !startsWithDigit && completes(text.sliced(start, length), prefix)) {
             words->insert(text.sliced(start, length).toByteArray());
         }
     }
@@ -135,24 +142,33 @@ void WordCompleter::addKeywords(QSet<QByteArray> *words) const
 
 QStringList WordCompleter::candidates(const QByteArray &prefix)
 {
+    // Only the words that complete the prefix are copied: the indexes of large
+    // documents hold many thousands.
     QsciScintilla *editor = m_tool->editor();
     QSet<QByteArray> words;
     const qint64 length = send(editor, Sci::SCI_GETLENGTH);
     const qint64 caret = send(editor, Sci::SCI_GETCURRENTPOS);
     const qint64 from = std::max<qint64>(0, caret - Window);
     const qint64 to = std::min(length, caret + Window);
-    collectWords(rangeOf(editor, from, to), from > 0, to < length, &words, MaxIndexedWords);
-    addKeywords(&words);
+    collectWords(rangeOf(editor, from, to), from > 0, to < length, prefix, &words, MaxIndexedWords);
+    QSet<QByteArray> keywords;
+    addKeywords(&keywords);
     for (SedGUI *document : TemplateTree::Instance()->documents()) {
         if (auto *other = document->findChild<WordCompleter *>()) {
             other->startIndexing();
-            words.unite(other->m_index);
+            for (const QByteArray &word : std::as_const(other->m_index)) {
+                if (completes(word, prefix)) {
+                    words.insert(word);
+                }
+            }
         }
     }
     QStringList offered;
-    for (const QByteArray &word : std::as_const(words)) {
-        if (word.size() > prefix.size() && word.startsWith(prefix)) {
-            offered.append(QString::fromUtf8(word));
+    for (const QSet<QByteArray> *set : {&words, &keywords}) {
+        for (const QByteArray &word : *set) {
+            if (completes(word, prefix) && (set == &words || !words.contains(word))) {
+                offered.append(QString::fromUtf8(word));
+            }
         }
     }
     std::sort(offered.begin(), offered.end());
@@ -210,7 +226,7 @@ void WordCompleter::indexSlice()
     // The buffer may have changed since the last slice: a word cut at the
     // start is not taken in.
     const bool cutAtStart = from > 0 && isWordByte(rangeOf(editor, from - 1, from)[0]);
-    collectWords(text.first(end), cutAtStart, false, &m_index, MaxIndexedWords);
+    collectWords(text.first(end), cutAtStart, false, {}, &m_index, MaxIndexedWords);
     m_indexedTo = from + end;
     if (m_indexedTo >= length || m_index.size() >= MaxIndexedWords) {
         m_indexTimer.stop();

@@ -30,9 +30,9 @@ public:
 
     static constexpr int MinimumPrefix = 3;
     // Bytes read on each side of the caret on every request.
-    static constexpr qint64 Window = 64 * 1024;
+    static constexpr qint64 Window = 32 * 1024;
     // Bytes the index reads in one slice, and the most words it keeps.
-    static constexpr qint64 IndexSlice = 512 * 1024;
+    static constexpr qint64 IndexSlice = 256 * 1024;
     static constexpr qsizetype MaxIndexedWords = 200000;
 
     // Shows the words that start with the word before the caret (explicitly:
