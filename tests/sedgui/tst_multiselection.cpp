@@ -137,10 +137,7 @@ void TestMultiSelection::rectangleRoundTrip()
     if (byMouse) {
         QWidget *view = editor->viewport();
         QTest::mousePress(view, Qt::LeftButton, Qt::AltModifier, pointAt(editor, 1));
-        QMouseEvent move(QEvent::MouseMove, pointAt(editor, 13),
-                         view->mapToGlobal(pointAt(editor, 13)), Qt::NoButton, Qt::LeftButton,
-                         Qt::AltModifier);
-        QCoreApplication::sendEvent(view, &move);
+        QTest::mouseMove(view, pointAt(editor, 13));
         QTest::mouseRelease(view, Qt::LeftButton, Qt::AltModifier, pointAt(editor, 13));
     } else {
         QTest::keyClick(editor, Qt::Key_Right); // the column the caret keeps going down
