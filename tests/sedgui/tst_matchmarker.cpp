@@ -24,24 +24,21 @@ private Q_SLOTS:
 void TestMatchMarker::countAsTyped_data()
 {
     searchpatterns::addMatchRows();
-    const auto large = [](const char *tag, const char *pattern, searchpatterns::Options options,
-                          const QByteArray &text, qsizetype count, const char *first) {
-        QStringList expected(count, QStringLiteral("?"));
-        expected.first() = QString::fromUtf8(first);
-        QTest::newRow(tag) << QString::fromLatin1(pattern) << options << text << expected;
-    };
     // Needles across the ends of counting slices, one in every slice's last bytes.
     QByteArray needles(3 * MatchMarker::CountSlice + 100, 'x');
     for (qint64 slice = 1; slice <= 3; ++slice) {
         needles.replace(slice * MatchMarker::CountSlice - 3, 6, "needle");
     }
-    large("plain matches across slice ends", "needle", {}, needles, 3, "1:needle");
+    QTest::newRow("plain matches across slice ends")
+        << QStringLiteral("needle") << searchpatterns::Options() << needles
+        << QStringList(3, QStringLiteral("1:needle"));
     QByteArray lines;
     while (lines.size() < 2 * MatchMarker::CountSlice + 50) {
         lines += QByteArray(99, 'y') + '\n';
     }
-    large("an empty match at every line start of a large text", "^", searchpatterns::R, lines,
-          lines.count('\n'), "1:");
+    QTest::newRow("an empty match at every line start of a large text")
+        << QStringLiteral("^") << searchpatterns::Options(searchpatterns::R) << lines
+        << QStringList(lines.count('\n'), QStringLiteral("1:"));
 }
 
 void TestMatchMarker::countAsTyped()
