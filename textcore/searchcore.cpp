@@ -197,12 +197,16 @@ SearchCore::Match SearchCore::findAfter(QByteArrayView text, const Match &previo
     if (previous.end > previous.begin)
         return find(text, previous.end);
     // After an empty match only a longer one may start at the same place;
-    // failing that, the search moves on by one character.
+    // failing that, the search moves on by one character (a CRLF is one).
+    // Not anchored, so that the JIT takes it: the interpreter checks the
+    // UTF-8 of the rest of the text on every call, which made stepping
+    // through many empty matches take time in the square of the text's size.
     const qsizetype at = previous.end;
-    Match match = matchAt(text, at, PCRE2_NOTEMPTY_ATSTART | PCRE2_ANCHORED);
-    if (match.found() || at >= text.size())
+    const Match match = matchAt(text, at, PCRE2_NOTEMPTY_ATSTART);
+    const qsizetype next = nextCharacter(text, at);
+    if (!match.found() || match.begin == at || match.begin >= next)
         return match;
-    return find(text, nextCharacter(text, at));
+    return find(text, next);
 }
 
 SearchCore::Match SearchCore::findPrevious(QByteArrayView text, qsizetype before) const

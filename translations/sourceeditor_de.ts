@@ -680,6 +680,58 @@ Es behält die Kodierung %3.</translation>
         <source>Width: %1</source>
         <translation>Breite: %1</translation>
     </message>
+    <message>
+        <source>Ctrl+Shift+D</source>
+        <translation>Ctrl+Shift+D</translation>
+    </message>
+    <message>
+        <source>Find Pre&amp;vious</source>
+        <translation>V&amp;orheriges suchen</translation>
+    </message>
+    <message>
+        <source>Shift+F3</source>
+        <translation>Shift+F3</translation>
+    </message>
+    <message>
+        <source>&amp;Go to Matching Brace</source>
+        <translation>Zur passenden &amp;Klammer springen</translation>
+    </message>
+    <message>
+        <source>Ctrl+M</source>
+        <translation>Ctrl+M</translation>
+    </message>
+    <message>
+        <source>Select to Matching &amp;Brace</source>
+        <translation>Bis zur passenden Klammer &amp;markieren</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+M</source>
+        <translation>Ctrl+Shift+M</translation>
+    </message>
+    <message>
+        <source>Add Ne&amp;xt Occurrence</source>
+        <translation>Nächstes Vorkommen &amp;hinzufügen</translation>
+    </message>
+    <message>
+        <source>Select All Occu&amp;rrences</source>
+        <translation>Alle Vorkommen aus&amp;wählen</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+L</source>
+        <translation>Ctrl+Shift+L</translation>
+    </message>
+    <message>
+        <source>C&amp;omplete Word</source>
+        <translation>Wort &amp;vervollständigen</translation>
+    </message>
+    <message>
+        <source>Ctrl+Space</source>
+        <translation>Ctrl+Space</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+Z</source>
+        <translation>Ctrl+Shift+Z</translation>
+    </message>
 </context>
 <context>
     <name>koru::sedgui::EditorOptionsPage</name>
@@ -870,6 +922,25 @@ Es behält die Kodierung %3.</translation>
     <message>
         <source>Search wrapped around.</source>
         <translation>Die Suche hat am Anfang neu begonnen.</translation>
+    </message>
+</context>
+<context>
+    <name>koru::sedgui::MatchMarker</name>
+    <message>
+        <source>Counting…</source>
+        <translation>Zähle…</translation>
+    </message>
+    <message>
+        <source>No matches</source>
+        <translation>Keine Treffer</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>%1 matches</source>
+        <translation>%1 Treffer</translation>
     </message>
 </context>
 <context>

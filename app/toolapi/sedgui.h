@@ -179,6 +179,10 @@ private:
     // Recovery journal (tool/documentjournal.h): keeps the unsaved text on disk.
     friend class DocumentJournal;
     DocumentJournal *m_journal = nullptr;
+    // Selection, search and completion: the tool's own Edit actions reach
+    // Find Previous through this (sedgui_find.cpp).
+    friend class EditorActions;
+    void findPrevious();
 };
 
 } // namespace koru::sedgui

@@ -1,5 +1,7 @@
 #include "dialogs/findbar.h"
 
+#include "tool/matchmarker.h"
+
 #include <QCheckBox>
 #include <QGridLayout>
 #include <QGuiApplication>
@@ -50,6 +52,8 @@ FindBar::FindBar(QsciScintilla *editor, QWidget *parent)
     , m_wrap(new QCheckBox(tr("Wra&p around"), this))
     , m_backwards(new QCheckBox(tr("&Backwards"), this))
     , m_status(new QLabel(this))
+    , m_count(new QLabel(this))
+    , m_marker(new MatchMarker(editor, this))
 {
     setObjectName(QStringLiteral("FindBar"));
     setFrameShape(QFrame::StyledPanel);
@@ -77,6 +81,9 @@ FindBar::FindBar(QsciScintilla *editor, QWidget *parent)
     }
     options->addStretch(1);
     options->addWidget(m_status);
+    options->addWidget(m_count);
+    m_count->setObjectName(QStringLiteral("matchCount"));
+    m_count->setTextFormat(Qt::PlainText);
 
     auto *grid = new QGridLayout(this);
     grid->setContentsMargins(4, 2, 4, 2);
@@ -101,7 +108,12 @@ FindBar::FindBar(QsciScintilla *editor, QWidget *parent)
         hide();
         m_editor->setFocus();
     });
-    connect(m_findEdit, &QLineEdit::textEdited, this, [this] { setStatus(QString()); });
+    connect(m_findEdit, &QLineEdit::textEdited, this, &FindBar::findAsTyped);
+    for (QCheckBox *box : {m_regex, m_matchCase, m_wholeWord}) {
+        connect(box, &QCheckBox::toggled, this, &FindBar::updateMarks);
+    }
+    connect(m_marker, &MatchMarker::changed, this,
+            [this] { m_count->setText(m_marker->summary()); });
 }
 
 void FindBar::showFind(const QString &seed)
@@ -127,7 +139,9 @@ void FindBar::open(bool replacing, const QString &seed)
         setQuery(lastQuery());
     }
     setStatus(QString());
+    m_searchStart = m_editor->SendScintilla(QsciScintillaBase::SCI_GETSELECTIONSTART);
     show();
+    updateMarks();
     m_findEdit->setFocus();
     m_findEdit->selectAll();
 }
@@ -152,6 +166,42 @@ void FindBar::setQuery(const SearchQuery &query)
     m_wholeWord->setChecked(query.wholeWord);
     m_wrap->setChecked(query.wrap);
     m_backwards->setChecked(query.backwards);
+}
+
+void FindBar::findAsTyped()
+{
+    setStatus(QString());
+    const SearchQuery current = query();
+    if (!current.pattern.isEmpty()) {
+        SearchQuery forwards = current;
+        forwards.backwards = false;
+        const SearchMatch match = TextSearcher::find(m_editor, forwards, m_searchStart);
+        if (match.found()) {
+            const long line = m_editor->SendScintilla(QsciScintillaBase::SCI_LINEFROMPOSITION,
+                                                      static_cast<unsigned long>(match.start));
+            m_editor->SendScintilla(QsciScintillaBase::SCI_ENSUREVISIBLEENFORCEPOLICY, line);
+            m_editor->SendScintilla(QsciScintillaBase::SCI_SETSEL,
+                                    static_cast<unsigned long>(match.start),
+                                    static_cast<long>(match.end));
+            m_editor->SendScintilla(QsciScintillaBase::SCI_SCROLLRANGE,
+                                    static_cast<unsigned long>(match.start),
+                                    static_cast<long>(match.end));
+        }
+        report(match);
+    }
+    updateMarks();
+}
+
+void FindBar::updateMarks()
+{
+    if (isVisible()) {
+        m_marker->setQuery(query());
+    }
+}
+
+QString FindBar::matchSummary() const
+{
+    return m_marker->summary();
 }
 
 void FindBar::setReplacement(const QString &text)
@@ -250,6 +300,18 @@ SearchQuery FindBar::lastQuery()
 void FindBar::setLastQuery(const SearchQuery &query)
 {
     sharedLastQuery() = query;
+}
+
+void FindBar::showEvent(QShowEvent *event)
+{
+    QFrame::showEvent(event);
+    updateMarks();
+}
+
+void FindBar::hideEvent(QHideEvent *event)
+{
+    QFrame::hideEvent(event);
+    m_marker->clear();
 }
 
 void FindBar::keyPressEvent(QKeyEvent *event)

@@ -13,6 +13,8 @@ class QsciScintilla;
 
 namespace koru::sedgui {
 
+class MatchMarker;
+
 // The strip under an editor for Find and Replace. It does not block the
 // editor: the user can type in the text while it is open. Enter finds (with
 // Shift in the other direction), Escape closes it.
@@ -44,14 +46,23 @@ public:
 
     // The message of the last operation ("Not found", ...); empty when all went well.
     QString status() const;
+    // Where the selected match stands among all ("3 of 12"); empty without a pattern.
+    QString matchSummary() const;
+    // Marks and counts the matches of query() while the bar is open.
+    MatchMarker *marker() const { return m_marker; }
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
 
 private:
     void open(bool replacing, const QString &seed);
     void report(const SearchMatch &match);
     void setStatus(const QString &text);
+    // Selects the first match from where the search started, as the pattern is typed.
+    void findAsTyped();
+    void updateMarks();
 
     QsciScintilla *m_editor;
     QLineEdit *m_findEdit = nullptr;
@@ -65,6 +76,10 @@ private:
     QCheckBox *m_wrap = nullptr;
     QCheckBox *m_backwards = nullptr;
     QLabel *m_status = nullptr;
+    QLabel *m_count = nullptr;
+    MatchMarker *m_marker = nullptr;
+    // The start of the selection when the bar opened: typing searches from there.
+    qint64 m_searchStart = 0;
 };
 
 } // namespace koru::sedgui

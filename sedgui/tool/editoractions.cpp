@@ -8,10 +8,13 @@
 #include "textformat.h"
 #include "tool/editorcommands.h"
 #include "tool/indentation.h"
+#include "tool/multiselection.h"
+#include "tool/wordcompleter.h"
 
 #include <QAction>
 #include <QActionGroup>
 #include <QMenu>
+#include <QShortcut>
 
 #include <Qsci/qscicommand.h>
 #include <Qsci/qscicommandset.h>
@@ -40,7 +43,7 @@ EditorActions::EditorActions(SedGUI *tool)
     addAction(m_editActions, QStringLiteral("toggleComment"), tr("Toggle &Comment"),
               QKeySequence(tr("Ctrl+/")));
     addAction(m_editActions, QStringLiteral("duplicateLine"), tr("&Duplicate Line"),
-              QKeySequence(tr("Ctrl+D")));
+              QKeySequence(tr("Ctrl+Shift+D")));
     addAction(m_editActions, QStringLiteral("moveLineUp"), tr("Move Line &Up"),
               QKeySequence(tr("Alt+Up")));
     addAction(m_editActions, QStringLiteral("moveLineDown"), tr("Move Line Do&wn"),
@@ -54,6 +57,20 @@ EditorActions::EditorActions(SedGUI *tool)
     addAction(m_editActions, QStringLiteral("indent"), tr("&Indent"), QKeySequence(tr("Ctrl+]")));
     addAction(m_editActions, QStringLiteral("unindent"), tr("U&nindent"),
               QKeySequence(tr("Ctrl+[")));
+    addSeparator(m_editActions);
+    addAction(m_editActions, QStringLiteral("findPrevious"), tr("Find Pre&vious"),
+              QKeySequence(tr("Shift+F3")));
+    addAction(m_editActions, QStringLiteral("goToMatchingBrace"), tr("&Go to Matching Brace"),
+              QKeySequence(tr("Ctrl+M")));
+    addAction(m_editActions, QStringLiteral("selectToMatchingBrace"),
+              tr("Select to Matching &Brace"), QKeySequence(tr("Ctrl+Shift+M")));
+    addSeparator(m_editActions);
+    addAction(m_editActions, QStringLiteral("addNextOccurrence"), tr("Add Ne&xt Occurrence"),
+              QKeySequence(tr("Ctrl+D")));
+    addAction(m_editActions, QStringLiteral("selectAllOccurrences"), tr("Select All Occu&rrences"),
+              QKeySequence(tr("Ctrl+Shift+L")));
+    addAction(m_editActions, QStringLiteral("completeWord"), tr("C&omplete Word"),
+              QKeySequence(tr("Ctrl+Space")));
 
     connect(action(QStringLiteral("toggleComment")), &QAction::triggered, this, [this, editor] {
         EditorCommands::toggleComment(editor, Languages::commentSyntax(m_tool->languageName()));
@@ -72,6 +89,27 @@ EditorActions::EditorActions(SedGUI *tool)
             [editor] { EditorCommands::indentLines(editor); });
     connect(action(QStringLiteral("unindent")), &QAction::triggered, this,
             [editor] { EditorCommands::unindentLines(editor); });
+    connect(action(QStringLiteral("findPrevious")), &QAction::triggered, this,
+            [this] { m_tool->findPrevious(); });
+    connect(action(QStringLiteral("goToMatchingBrace")), &QAction::triggered, this,
+            [editor] { EditorCommands::goToMatchingBrace(editor, false); });
+    connect(action(QStringLiteral("selectToMatchingBrace")), &QAction::triggered, this,
+            [editor] { EditorCommands::goToMatchingBrace(editor, true); });
+    m_multiSelection = new MultiSelection(editor, this);
+    connect(action(QStringLiteral("addNextOccurrence")), &QAction::triggered, m_multiSelection,
+            &MultiSelection::addNextOccurrence);
+    connect(action(QStringLiteral("selectAllOccurrences")), &QAction::triggered, m_multiSelection,
+            &MultiSelection::selectAllOccurrences);
+    m_completer = new WordCompleter(m_tool, this);
+    connect(action(QStringLiteral("completeWord")), &QAction::triggered, m_completer,
+            [this] { m_completer->complete(true); });
+
+    // A second Redo key on the editor itself; the shared Redo action is the shell's.
+    const QKeySequence redoKey(tr("Ctrl+Shift+Z"));
+    auto *redo = new QShortcut(
+        redoKey, m_tool, [this] { m_tool->redo(); }, Qt::WidgetWithChildrenShortcut);
+    redo->setObjectName(QStringLiteral("redoShortcut"));
+    releaseEditorKey(redoKey);
 
     // View.
     QAction *lineNumbers =
@@ -243,8 +281,13 @@ void EditorActions::syncChecks()
         checkable->setChecked(state.checked);
     }
     const bool editable = !editor->isReadOnly();
+    // Finding, moving and selecting work in a read-only document too.
+    static const QStringList readOnlyActions{
+        QStringLiteral("findPrevious"), QStringLiteral("goToMatchingBrace"),
+        QStringLiteral("selectToMatchingBrace"), QStringLiteral("addNextOccurrence"),
+        QStringLiteral("selectAllOccurrences")};
     for (QAction *edit : std::as_const(m_editActions)) {
-        edit->setEnabled(editable);
+        edit->setEnabled(editable || readOnlyActions.contains(edit->objectName()));
     }
     action(QStringLiteral("wordWrap"))->setEnabled(!m_tool->hasHugeLines());
 }

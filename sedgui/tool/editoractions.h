@@ -11,8 +11,10 @@ class QMenu;
 
 namespace koru::sedgui {
 
+class MultiSelection;
 class SedGUI;
 struct TextFormat;
+class WordCompleter;
 
 // The editor tool's own Edit and View actions. Every tool has its own set,
 // so the checks show that tool's state. The actions are added to the tool
@@ -65,6 +67,8 @@ private:
     QMenu *m_syntaxMenu = nullptr;
     QMenu *m_indentationMenu = nullptr;
     bool m_lineNumbers = false;
+    MultiSelection *m_multiSelection = nullptr;
+    WordCompleter *m_completer = nullptr;
 };
 
 } // namespace koru::sedgui

@@ -290,4 +290,34 @@ void EditorCommands::fitLineNumberMargin(QsciScintilla *editor, bool visible)
     editor->setMarginWidth(0, QString(std::max(digits, 3) + 1, QLatin1Char('9')));
 }
 
+bool EditorCommands::goToMatchingBrace(QsciScintilla *editor, bool select)
+{
+    const qint64 caret = send(editor, Sci::SCI_GETCURRENTPOS);
+    // The brace after the caret first, then the one before it.
+    for (const qint64 brace : {caret, caret - 1}) {
+        if (brace < 0) {
+            continue;
+        }
+        const qint64 match = send(editor, Sci::SCI_BRACEMATCH, brace, 0);
+        if (match < 0) {
+            continue;
+        }
+        if (select) {
+            const qint64 first = std::min(brace, match);
+            const qint64 last = std::max(brace, match) + 1;
+            // The caret ends at the far brace, where the user was going.
+            if (match < brace) {
+                send(editor, Sci::SCI_SETSEL, last, first);
+            } else {
+                send(editor, Sci::SCI_SETSEL, first, last);
+            }
+        } else {
+            send(editor, Sci::SCI_GOTOPOS, brace == caret ? match : match + 1);
+        }
+        send(editor, Sci::SCI_SCROLLCARET);
+        return true;
+    }
+    return false;
+}
+
 } // namespace koru::sedgui

@@ -46,6 +46,11 @@ public:
     static void undo(QsciScintilla *editor);
     static void redo(QsciScintilla *editor);
 
+    // Moves the caret to the brace matching the one at (or just before) the
+    // caret, on the same side of it; with select, selects both braces and
+    // what lies between. Returns false when there is no matched brace there.
+    static bool goToMatchingBrace(QsciScintilla *editor, bool select);
+
     // Fits the line-number margin to the number of lines; width 0 hides it.
     static void fitLineNumberMargin(QsciScintilla *editor, bool visible);
 

@@ -25,6 +25,24 @@ FindBar *findBar(SedGUI *tool)
     return bar;
 }
 
+// Find Next and Find Previous: the bar's query, or the last one of any bar.
+void findInDirection(SedGUI *tool, bool reverse)
+{
+    FindBar *bar = findBar(tool);
+    if (bar->query().pattern.isEmpty()) {
+        bar->setQuery(FindBar::lastQuery());
+    }
+    if (bar->query().pattern.isEmpty()) {
+        tool->find();
+        return;
+    }
+    const SearchMatch match = bar->findNext(reverse);
+    if (!match.found()) {
+        // Say so where the user can see it.
+        bar->show();
+    }
+}
+
 } // namespace
 
 void SedGUI::find()
@@ -39,19 +57,12 @@ void SedGUI::replace()
 
 void SedGUI::findNext()
 {
-    FindBar *bar = findBar(this);
-    if (bar->query().pattern.isEmpty()) {
-        bar->setQuery(FindBar::lastQuery());
-    }
-    if (bar->query().pattern.isEmpty()) {
-        find();
-        return;
-    }
-    const SearchMatch match = bar->findNext();
-    if (!match.found()) {
-        // Say so where the user can see it.
-        bar->show();
-    }
+    findInDirection(this, false);
+}
+
+void SedGUI::findPrevious()
+{
+    findInDirection(this, true);
 }
 
 void SedGUI::goTo()

@@ -217,7 +217,7 @@ private Q_SLOTS:
         QApplication::setActiveWindow(&window);
         first->editor()->setFocus();
         QCOMPARE(QApplication::focusWidget(), first->editor());
-        QTest::keyClick(first->editor(), Qt::Key_D, Qt::ControlModifier);
+        QTest::keyClick(first->editor(), Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier);
         QTest::keyClick(first->editor(), Qt::Key_U, Qt::ControlModifier | Qt::ShiftModifier);
         QCOMPARE(first->editor()->text(), QStringLiteral("ONE\none"));
         QCOMPARE(second->editor()->text(), QStringLiteral("two"));

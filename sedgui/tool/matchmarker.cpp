@@ -1,0 +1,232 @@
+#include "tool/matchmarker.h"
+
+#include "searchcore.h"
+
+#include <Qsci/qsciscintilla.h>
+
+#include <algorithm>
+#include <cstring>
+
+namespace koru::sedgui {
+
+namespace {
+
+using Sci = QsciScintillaBase;
+
+// A match is looked for up to this far past a slice's end, so that one
+// starting in the slice is seen whole.
+constexpr qint64 SliceOverlap = 64 * 1024;
+constexpr qint64 MaxMarks = 10000;
+
+qint64 send(QsciScintilla *editor, unsigned int message, qint64 wParam = 0, qint64 lParam = 0)
+{
+    return editor->SendScintilla(message, static_cast<unsigned long>(wParam),
+                                 static_cast<long>(lParam));
+}
+
+QByteArrayView bufferOf(QsciScintilla *editor)
+{
+    const qint64 length = send(editor, Sci::SCI_GETLENGTH);
+    const auto *data =
+        static_cast<const char *>(editor->SendScintillaPtrResult(Sci::SCI_GETCHARACTERPOINTER));
+    return {data, length};
+}
+
+// The text up to the end of the line in which end lies (at most SliceOverlap
+// further): matches that start before end are then found as they are in the
+// whole text, short of ones that run on over many lines.
+QByteArrayView cutAfter(QByteArrayView text, qint64 end)
+{
+    if (end >= text.size()) {
+        return text;
+    }
+    const qint64 limit = std::min<qint64>(text.size(), end + SliceOverlap);
+    const void *newline = std::memchr(text.data() + end, '\n', size_t(limit - end));
+    const qint64 cut = newline ? static_cast<const char *>(newline) - text.data() + 1 : limit;
+    return text.first(cut);
+}
+
+SearchCore coreFor(const SearchQuery &query)
+{
+    SearchCore::Options options;
+    options.setFlag(SearchCore::RegularExpression, query.regex);
+    options.setFlag(SearchCore::CaseSensitive, query.matchCase);
+    options.setFlag(SearchCore::WholeWord, query.wholeWord);
+    return SearchCore(query.pattern, options);
+}
+
+} // namespace
+
+MatchMarker::MatchMarker(QsciScintilla *editor, QObject *parent)
+    : QObject(parent)
+    , m_editor(editor)
+{
+    setObjectName(QStringLiteral("MatchMarker"));
+    m_timer.setInterval(0);
+    connect(&m_timer, &QTimer::timeout, this, &MatchMarker::countSlice);
+
+    send(editor, Sci::SCI_INDICSETSTYLE, Indicator, Sci::INDIC_ROUNDBOX);
+    send(editor, Sci::SCI_INDICSETFORE, Indicator, 0x0090ff); // orange, as BGR
+    send(editor, Sci::SCI_INDICSETALPHA, Indicator, 90);
+    send(editor, Sci::SCI_INDICSETOUTLINEALPHA, Indicator, 200);
+    send(editor, Sci::SCI_INDICSETUNDER, Indicator, 1);
+
+    connect(editor, &QsciScintilla::textChanged, this, [this] {
+        if (!m_query.pattern.isEmpty()) {
+            restart();
+        }
+    });
+    connect(editor, &QsciScintilla::selectionChanged, this, &MatchMarker::changed);
+    connect(editor, &QsciScintillaBase::SCN_UPDATEUI, this, [this](int updated) {
+        if (!m_query.pattern.isEmpty() &&
+            (updated & (Sci::SC_UPDATE_V_SCROLL | Sci::SC_UPDATE_CONTENT))) {
+            markVisible();
+        }
+    });
+}
+
+void MatchMarker::setQuery(const SearchQuery &query)
+{
+    SearchCore core = coreFor(query);
+    if (query.pattern.isEmpty() || !core.isValid()) {
+        clear();
+        return;
+    }
+    m_query = query;
+    m_core = core;
+    restart();
+}
+
+void MatchMarker::clear()
+{
+    m_query = SearchQuery();
+    m_timer.stop();
+    m_matches.clear();
+    m_capped = false;
+    unmark();
+    Q_EMIT changed();
+}
+
+void MatchMarker::restart()
+{
+    m_matches.clear();
+    m_capped = false;
+    m_countFrom = 0;
+    m_timer.start();
+    markVisible();
+    Q_EMIT changed();
+}
+
+void MatchMarker::countSlice()
+{
+    const SearchCore &core = m_core;
+    const QByteArrayView whole = bufferOf(m_editor);
+    const qint64 sliceEnd = std::min<qint64>(whole.size(), m_countFrom + CountSlice);
+    const QByteArrayView text = cutAfter(whole, sliceEnd);
+    // Stepping on from the last match keeps an empty match from being
+    // counted twice; a slice that follows one without matches starts afresh.
+    SearchCore::Match previous;
+    if (!m_matches.empty() && m_matches.back().end >= m_countFrom) {
+        previous.begin = m_matches.back().begin;
+        previous.end = m_matches.back().end;
+    }
+    SearchCore::Match match =
+        previous.found() ? core.findAfter(text, previous) : core.find(text, m_countFrom);
+    const bool lastSlice = sliceEnd >= whole.size();
+    // An empty match at the very end belongs to the last slice.
+    while (match.found() && (match.begin < sliceEnd || lastSlice)) {
+        m_matches.push_back({match.begin, match.end});
+        if (qint64(m_matches.size()) >= MaxCounted) {
+            m_capped = core.findAfter(whole, match).found();
+            m_timer.stop();
+            Q_EMIT changed();
+            return;
+        }
+        match = core.findAfter(text, match);
+    }
+    m_countFrom = m_matches.empty() ? sliceEnd : std::max(sliceEnd, m_matches.back().end);
+    if (lastSlice) {
+        m_timer.stop();
+    }
+    Q_EMIT changed();
+}
+
+qint64 MatchMarker::currentIndex() const
+{
+    const qint64 start = send(m_editor, Sci::SCI_GETSELECTIONSTART);
+    const qint64 end = send(m_editor, Sci::SCI_GETSELECTIONEND);
+    const auto it =
+        std::lower_bound(m_matches.begin(), m_matches.end(), start,
+                         [](const Range &range, qint64 at) { return range.begin < at; });
+    // An empty match and a longer one may start at the same place.
+    for (auto at = it; at != m_matches.end() && at->begin == start; ++at) {
+        if (at->end == end) {
+            return qint64(at - m_matches.begin()) + 1;
+        }
+    }
+    return 0;
+}
+
+QString MatchMarker::summary() const
+{
+    if (m_query.pattern.isEmpty()) {
+        return QString();
+    }
+    QString total = QString::number(count());
+    if (m_capped) {
+        total += QLatin1Char('+');
+    } else if (isCounting()) {
+        total += QStringLiteral("\u2026");
+    }
+    if (count() == 0) {
+        return isCounting() ? tr("Counting\u2026") : tr("No matches");
+    }
+    const qint64 current = currentIndex();
+    if (current > 0) {
+        return tr("%1 of %2").arg(current).arg(total);
+    }
+    return tr("%1 matches").arg(total);
+}
+
+void MatchMarker::unmark()
+{
+    if (m_markedTo > m_markedFrom) {
+        send(m_editor, Sci::SCI_SETINDICATORCURRENT, Indicator);
+        const qint64 length = send(m_editor, Sci::SCI_GETLENGTH);
+        const qint64 to = std::min(m_markedTo, length);
+        if (to > m_markedFrom) {
+            send(m_editor, Sci::SCI_INDICATORCLEARRANGE, m_markedFrom, to - m_markedFrom);
+        }
+    }
+    m_markedFrom = m_markedTo = 0;
+}
+
+void MatchMarker::markVisible()
+{
+    unmark();
+    const SearchCore &core = m_core;
+    const qint64 lines = send(m_editor, Sci::SCI_GETLINECOUNT);
+    const qint64 firstVisible = send(m_editor, Sci::SCI_GETFIRSTVISIBLELINE);
+    const qint64 firstLine = std::max<qint64>(
+        0, send(m_editor, Sci::SCI_DOCLINEFROMVISIBLE, firstVisible) - MarginLines);
+    const qint64 lastLine =
+        std::min<qint64>(lines - 1, send(m_editor, Sci::SCI_DOCLINEFROMVISIBLE,
+                                         firstVisible + send(m_editor, Sci::SCI_LINESONSCREEN)) +
+                                        MarginLines);
+    const qint64 from = send(m_editor, Sci::SCI_POSITIONFROMLINE, firstLine);
+    const qint64 to = send(m_editor, Sci::SCI_GETLINEENDPOSITION, lastLine);
+    const QByteArrayView text = cutAfter(bufferOf(m_editor), to);
+    send(m_editor, Sci::SCI_SETINDICATORCURRENT, Indicator);
+    qint64 marks = 0;
+    for (auto match = core.find(text, from); match.found() && match.begin <= to && marks < MaxMarks;
+         match = core.findAfter(text, match), ++marks) {
+        if (match.end > match.begin) {
+            send(m_editor, Sci::SCI_INDICATORFILLRANGE, match.begin, match.end - match.begin);
+            m_markedTo = std::max<qint64>(m_markedTo, match.end);
+        }
+    }
+    m_markedFrom = from;
+    m_markedTo = std::max(m_markedTo, to);
+}
+
+} // namespace koru::sedgui
