@@ -171,8 +171,8 @@ private:
     // Members of find, print and view (sedgui_find.cpp, sedgui_print.cpp,
     // sedgui_view.cpp) go below this line.
 
-    // Indentation, typing help and the status strip (tool/indentation.h,
-    // tool/typingassist.h, dialogs/statusstrip.h).
+    // Indentation, typing help and the status strip (editing/indentation.h,
+    // editing/typingassist.h, dialogs/statusstrip.h).
     Indentation *m_indentation = nullptr;
     TypingAssist *m_typing = nullptr;
     StatusStrip *m_statusStrip = nullptr;

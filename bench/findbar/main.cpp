@@ -9,7 +9,7 @@
 // does (its regular expressions are the component's basic ones). Each case is
 // timed N times per side, alternated, and the medians are compared; the
 // numbers of matches found must agree or the row says so.
-#include "tool/textsearcher.h"
+#include "editing/textsearcher.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

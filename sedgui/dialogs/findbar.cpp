@@ -1,6 +1,6 @@
 #include "dialogs/findbar.h"
 
-#include "tool/matchmarker.h"
+#include "editing/matchmarker.h"
 
 #include <QCheckBox>
 #include <QGridLayout>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "sedguiexport.h"
-#include "tool/textsearcher.h"
+#include "editing/textsearcher.h"
 
 #include <QFrame>
 

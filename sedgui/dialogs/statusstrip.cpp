@@ -2,8 +2,8 @@
 
 #include "sedgui.h"
 #include "textformat.h"
-#include "tool/editoractions.h"
-#include "tool/indentation.h"
+#include "editing/editoractions.h"
+#include "editing/indentation.h"
 
 #include <QEvent>
 #include <QHBoxLayout>

@@ -9,10 +9,10 @@
 #include "templatetree.h"
 #include "tool/documentjournal.h"
 #include "tool/documentstate.h"
-#include "tool/editoractions.h"
-#include "tool/editorcommands.h"
-#include "tool/indentation.h"
-#include "tool/typingassist.h"
+#include "editing/editoractions.h"
+#include "editing/editorcommands.h"
+#include "editing/indentation.h"
+#include "editing/typingassist.h"
 #include "toolargs.h"
 
 #include <QApplication>

@@ -10,8 +10,8 @@
 #include "textfilecodec.h"
 #include "tool/documentjournal.h"
 #include "tool/documentstate.h"
-#include "tool/indentation.h"
-#include "tool/languagelexers.h"
+#include "editing/indentation.h"
+#include "lexers/languagelexers.h"
 
 #include <QDir>
 #include <QFileInfo>

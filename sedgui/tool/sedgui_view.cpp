@@ -1,10 +1,10 @@
 #include "options/editorsettings.h"
 #include "sedgui.h"
 #include "tool/drophandler.h"
-#include "tool/editoractions.h"
-#include "tool/editorcommands.h"
-#include "tool/indentation.h"
-#include "tool/typingassist.h"
+#include "editing/editoractions.h"
+#include "editing/editorcommands.h"
+#include "editing/indentation.h"
+#include "editing/typingassist.h"
 
 #include <QPalette>
 

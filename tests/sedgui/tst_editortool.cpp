@@ -7,9 +7,9 @@
 #include "promptrecorder.h"
 #include "sedgui.h"
 #include "textformat.h"
-#include "tool/editoractions.h"
-#include "tool/editorcommands.h"
-#include "tool/languagelexers.h"
+#include "editing/editoractions.h"
+#include "editing/editorcommands.h"
+#include "lexers/languagelexers.h"
 
 #include <QApplication>
 #include <QCheckBox>

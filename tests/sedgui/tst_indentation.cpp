@@ -2,8 +2,8 @@
 #include "dialogs/statusstrip.h"
 #include "options/editorsettings.h"
 #include "sedgui.h"
-#include "tool/editoractions.h"
-#include "tool/typingassist.h"
+#include "editing/editoractions.h"
+#include "editing/typingassist.h"
 
 #include <QFile>
 #include <QMenu>

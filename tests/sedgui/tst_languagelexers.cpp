@@ -1,5 +1,5 @@
 #include "languages.h"
-#include "tool/languagelexers.h"
+#include "lexers/languagelexers.h"
 
 #include <QTest>
 

@@ -1,5 +1,5 @@
 #include "sedgui.h"
-#include "tool/editoractions.h"
+#include "editing/editoractions.h"
 
 #include <QAction>
 #include <QApplication>

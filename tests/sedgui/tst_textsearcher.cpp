@@ -1,6 +1,6 @@
 #include "../textcore/searchpatterns.h"
-#include "tool/editorcommands.h"
-#include "tool/textsearcher.h"
+#include "editing/editorcommands.h"
+#include "editing/textsearcher.h"
 
 #include <QSignalSpy>
 #include <QTest>

@@ -1,5 +1,5 @@
 #include "sedgui.h"
-#include "tool/wordcompleter.h"
+#include "editing/wordcompleter.h"
 
 #include <QTest>
 

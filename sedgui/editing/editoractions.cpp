@@ -1,4 +1,4 @@
-#include "tool/editoractions.h"
+#include "editing/editoractions.h"
 
 #include "dialogs/userprompt.h"
 #include "languages.h"
@@ -6,10 +6,10 @@
 #include "standardactions.h"
 #include "textfilecodec.h"
 #include "textformat.h"
-#include "tool/editorcommands.h"
-#include "tool/indentation.h"
-#include "tool/multiselection.h"
-#include "tool/wordcompleter.h"
+#include "editing/editorcommands.h"
+#include "editing/indentation.h"
+#include "editing/multiselection.h"
+#include "editing/wordcompleter.h"
 
 #include <QAction>
 #include <QActionGroup>

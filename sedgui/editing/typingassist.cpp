@@ -1,4 +1,4 @@
-#include "tool/typingassist.h"
+#include "editing/typingassist.h"
 
 #include <QKeyEvent>
 

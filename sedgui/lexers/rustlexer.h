@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tool/tablelexer.h"
+#include "lexers/tablelexer.h"
 
 #include <Qsci/qscilexercpp.h>
 

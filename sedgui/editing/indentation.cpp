@@ -1,4 +1,4 @@
-#include "tool/indentation.h"
+#include "editing/indentation.h"
 
 #include <Qsci/qsciscintilla.h>
 

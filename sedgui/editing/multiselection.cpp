@@ -1,4 +1,4 @@
-#include "tool/multiselection.h"
+#include "editing/multiselection.h"
 
 #include "searchcore.h"
 

@@ -1,7 +1,7 @@
-#include "tool/editorcommands.h"
+#include "editing/editorcommands.h"
 
 #include "commentsyntax.h"
-#include "tool/textsearcher.h"
+#include "editing/textsearcher.h"
 
 #include <QString>
 

@@ -1,4 +1,4 @@
-#include "tool/rustlexer.h"
+#include "lexers/rustlexer.h"
 
 #include <QFont>
 

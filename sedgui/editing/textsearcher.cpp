@@ -1,4 +1,4 @@
-#include "tool/textsearcher.h"
+#include "editing/textsearcher.h"
 
 #include "searchcore.h"
 

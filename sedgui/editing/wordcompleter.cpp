@@ -1,4 +1,4 @@
-#include "tool/wordcompleter.h"
+#include "editing/wordcompleter.h"
 
 #include "languages.h"
 #include "sedgui.h"

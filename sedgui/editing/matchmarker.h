@@ -2,7 +2,7 @@
 
 #include "searchcore.h"
 #include "sedguiexport.h"
-#include "tool/textsearcher.h"
+#include "editing/textsearcher.h"
 
 #include <QObject>
 #include <QTimer>

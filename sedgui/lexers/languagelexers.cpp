@@ -1,8 +1,8 @@
-#include "tool/languagelexers.h"
+#include "lexers/languagelexers.h"
 
 #include "languages.h"
-#include "tool/rustlexer.h"
-#include "tool/tablelexer.h"
+#include "lexers/rustlexer.h"
+#include "lexers/tablelexer.h"
 
 #include <QHash>
 

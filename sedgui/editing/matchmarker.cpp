@@ -1,4 +1,4 @@
-#include "tool/matchmarker.h"
+#include "editing/matchmarker.h"
 
 #include "searchcore.h"
 
