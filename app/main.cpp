@@ -4,6 +4,7 @@
 #include "menuactionman.h"
 #include "session/sessionkeeper.h"
 #include "session/workkeeper.h"
+#include "window/tabkeeper.h"
 
 #include <QApplication>
 
@@ -20,6 +21,7 @@ int main(int argc, char *argv[])
     auto *session = new koru::sedgui::SessionKeeper(
         &window, window.tabWidget(),
         MenuActionMan::instance()->findShellAction("FILE > CLOSE ALL"));
+    new koru::sedgui::TabKeeper(&window, window.tabWidget());
     auto *work = new koru::sedgui::WorkKeeper(&window);
     // An end by signal or logout keeps the session as a clean exit does.
     QObject::connect(work, &koru::sedgui::WorkKeeper::endingKeepingWork, session,
