@@ -4,6 +4,7 @@
 #include "dialogs/infobar.h"
 #include "dialogs/statusstrip.h"
 #include "dialogs/userprompt.h"
+#include "displayname.h"
 #include "options/editorsettings.h"
 #include "session/closebatch.h"
 #include "templatetree.h"
@@ -192,9 +193,9 @@ SedGUI::~SedGUI()
 
 QString SedGUI::getTitle() const
 {
-    const QString name = m_doc->filePath.isEmpty() ? getTabText() : m_doc->filePath;
     if (m_doc->filePath.isEmpty())
-        return name;
+        return getTabText();
+    const QString name = DisplayName::visible(m_doc->filePath);
     return isModified() ? name + QLatin1Char('*') : name;
 }
 
@@ -237,7 +238,7 @@ void SedGUI::closeTool(bool force)
         question.title = tr("Close Document");
         question.text = tr("Save the changes to %1 before closing?")
                             .arg(m_doc->filePath.isEmpty() ? getTabText().remove(QLatin1Char('*'))
-                                                           : m_doc->filePath);
+                                                           : DisplayName::visible(m_doc->filePath));
         question.buttons = {UserPrompt::Save, UserPrompt::Discard, UserPrompt::Cancel};
         question.defaultButton = UserPrompt::Save;
         question.escapeButton = UserPrompt::Cancel;

@@ -1,5 +1,6 @@
 #include "dialogs/infobar.h"
 #include "dialogs/userprompt.h"
+#include "displayname.h"
 #include "filereader.h"
 #include "languagedetector.h"
 #include "languages.h"
@@ -111,7 +112,7 @@ QsciScintilla::EolMode eolMode(LineEnding ending)
 
 QString displayName(const QString &path)
 {
-    return QDir::toNativeSeparators(path);
+    return DisplayName::visible(QDir::toNativeSeparators(path));
 }
 
 } // namespace
