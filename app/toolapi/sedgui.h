@@ -11,6 +11,7 @@ class QsciScintilla;
 
 namespace koru::sedgui {
 
+class BinaryLock;
 class DocumentJournal;
 struct DocumentState;
 class Indentation;
@@ -179,6 +180,8 @@ private:
     // Recovery journal (tool/documentjournal.h): keeps the unsaved text on disk.
     friend class DocumentJournal;
     DocumentJournal *m_journal = nullptr;
+    // Binary files (tool/binarylock.h): read-only until the user chooses to edit.
+    BinaryLock *m_binaryLock = nullptr;
 };
 
 } // namespace koru::sedgui

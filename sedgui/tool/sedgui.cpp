@@ -8,6 +8,7 @@
 #include "options/editorsettings.h"
 #include "session/closebatch.h"
 #include "templatetree.h"
+#include "tool/binarylock.h"
 #include "tool/documentjournal.h"
 #include "tool/documentstate.h"
 #include "tool/editoractions.h"
@@ -118,7 +119,10 @@ SedGUI::SedGUI(QWidget *parent)
     clipboardHasText(); // connected before the tools below, so it is up to date for them
     connect(QApplication::clipboard(), &QClipboard::dataChanged, this,
             [this] { emitEditState(false); });
+    m_binaryLock = new BinaryLock(m_editor, m_infoBar, this);
     connect(m_infoBar, &InfoBar::actionTriggered, this, [this] {
+        if (m_binaryLock->takeAction())
+            return;
         m_infoBar->clearMessage();
         handleExternalChange();
     });

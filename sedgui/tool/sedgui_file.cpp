@@ -9,6 +9,7 @@
 #include "sedgui.h"
 #include "templatetree.h"
 #include "textfilecodec.h"
+#include "tool/binarylock.h"
 #include "tool/documentjournal.h"
 #include "tool/documentstate.h"
 #include "tool/indentation.h"
@@ -182,6 +183,7 @@ void SedGUI::loadBytes(const QByteArray &bytes, bool keepUndo)
         m_infoBar->clearMessage();
     else
         m_infoBar->showMessage(notices.join(QLatin1Char(' ')));
+    m_binaryLock->check(decoded.utf8);
 }
 
 void SedGUI::applyDecoded(const QByteArray &utf8, bool keepUndo)
