@@ -5,6 +5,9 @@
 #include "menuactionman.h"
 #include "session/sessionkeeper.h"
 #include "session/workkeeper.h"
+#include "tool/drophandler.h"
+#include "window/screenfitter.h"
+#include "window/tabkeeper.h"
 
 #include <QApplication>
 
@@ -21,6 +24,10 @@ int main(int argc, char *argv[])
     auto *session = new koru::sedgui::SessionKeeper(
         &window, window.tabWidget(),
         MenuActionMan::instance()->findShellAction("FILE > CLOSE ALL"));
+    new koru::sedgui::TabKeeper(&window, window.tabWidget());
+    // Files dropped anywhere on the window open, also with no document open.
+    new koru::sedgui::DropHandler(&window, &window);
+    new koru::sedgui::ScreenFitter(&window);
     auto *work = new koru::sedgui::WorkKeeper(&window);
     // An end by signal or logout keeps the session as a clean exit does.
     QObject::connect(work, &koru::sedgui::WorkKeeper::endingKeepingWork, session,

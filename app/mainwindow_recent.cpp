@@ -1,4 +1,5 @@
 #include "baseusrsettings.h"
+#include "displayname.h"
 #include "mainwindow.h"
 #include "menuname.h"
 
@@ -29,6 +30,7 @@ void MainWindow::loadRecentFiles()
     BaseUsrSettings settings(settingsName);
     settings.beginGroup(recentGroup);
     recentFiles = settings.value(recentKey).toStringList();
+    recentFiles.removeAll(QString());
     settings.endGroup();
 }
 
@@ -39,6 +41,7 @@ void MainWindow::addRecentFile(const QString &path)
     // The stored list, not the one in memory, is the base: another window
     // sharing the settings may have added entries meanwhile.
     recentFiles = settings.value(recentKey).toStringList();
+    recentFiles.removeAll(QString());
     recentFiles.removeAll(path);
     recentFiles.prepend(path);
     while (recentFiles.size() > MaxRecentFiles)
@@ -52,7 +55,9 @@ void MainWindow::updateRecentFileActions()
     const qsizetype count = qMin<qsizetype>(recentFiles.size(), MaxRecentFiles);
     for (qsizetype i = 0; i < count; ++i) {
         QAction *action = recentFileActions[i];
-        action->setText(tr("&%1 %2").arg(QString::number(i + 1), recentFiles.at(i)));
+        // The path as it is: its own "&" is no mnemonic, nothing in it hidden.
+        action->setText(tr("&%1 %2").arg(
+            QString::number(i + 1), koru::sedgui::DisplayName::forMnemonicText(recentFiles.at(i))));
         action->setData(recentFiles.at(i));
         action->setVisible(true);
     }

@@ -1,5 +1,6 @@
 #include "filereader.h"
 
+#include "displayname.h"
 #include "posixfile.h"
 
 #include <QCoreApplication>
@@ -17,7 +18,7 @@ namespace {
 QString cannotOpen(const QString &path, const QString &reason)
 {
     return QCoreApplication::translate("koru::sedgui::FileReader", "Cannot open %1: %2")
-        .arg(path, reason);
+        .arg(DisplayName::visible(path), reason);
 }
 
 QString isKind(const QString &kind)

@@ -1482,4 +1482,38 @@ Der Text, der gespeichert werden sollte, wird wieder angeboten, falls er nicht g
         <translation>&quot;%1&quot; wird nicht geöffnet: gemeint sein kann die Datei mit den als \u{..} geschriebenen Zeichen oder die Datei, deren Name sie ausschreibt, und beide gibt es.</translation>
     </message>
 </context>
+<context>
+    <name>koru::sedgui::BinaryLock</name>
+    <message>
+        <source>This looks like a binary file, not text: it is shown read-only so that it is not changed by mistake.</source>
+        <translation>Dies scheint eine Binärdatei zu sein, kein Text: sie wird schreibgeschützt angezeigt, damit sie nicht versehentlich geändert wird.</translation>
+    </message>
+    <message>
+        <source>Edit Anyway</source>
+        <translation>Trotzdem bearbeiten</translation>
+    </message>
+</context>
+<context>
+    <name>koru::sedgui::TabKeeper</name>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Schließen</translation>
+    </message>
+    <message>
+        <source>Close &amp;Others</source>
+        <translation>&amp;Andere schließen</translation>
+    </message>
+    <message>
+        <source>Close to the &amp;Right</source>
+        <translation>&amp;Rechts davon schließen</translation>
+    </message>
+    <message>
+        <source>Copy &amp;Path</source>
+        <translation>&amp;Pfad kopieren</translation>
+    </message>
+    <message>
+        <source>Open Containing &amp;Folder</source>
+        <translation>Übergeordneten &amp;Ordner öffnen</translation>
+    </message>
+</context>
 </TS>

@@ -11,6 +11,7 @@ class QsciScintilla;
 
 namespace koru::sedgui {
 
+class BinaryLock;
 class DocumentJournal;
 struct DocumentState;
 class Indentation;
@@ -183,6 +184,8 @@ private:
     // Find Previous through this (sedgui_find.cpp).
     friend class EditorActions;
     void findPrevious();
+    // Binary files (tool/binarylock.h): read-only until the user chooses to edit.
+    BinaryLock *m_binaryLock = nullptr;
 };
 
 } // namespace koru::sedgui

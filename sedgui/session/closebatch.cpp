@@ -1,6 +1,7 @@
 #include "session/closebatch.h"
 
 #include "dialogs/userprompt.h"
+#include "displayname.h"
 #include "sedgui.h"
 #include "session/savechangesdialog.h"
 
@@ -15,7 +16,8 @@ namespace {
 QString displayName(const SedGUI *document)
 {
     const QString path = document->getFileName();
-    return path.isEmpty() ? document->getTabText().remove(QLatin1Char('*')) : path;
+    return path.isEmpty() ? document->getTabText().remove(QLatin1Char('*'))
+                          : DisplayName::visible(path);
 }
 
 // The question a single document asks when it closes on its own.

@@ -1,6 +1,7 @@
 #include "session/sessionkeeper.h"
 
 #include "dialogs/infobar.h"
+#include "displayname.h"
 #include "options/editorsettings.h"
 #include "sedgui.h"
 #include "session/closebatch.h"
@@ -153,8 +154,8 @@ void SessionKeeper::reopen(const SessionRecord &record)
     if (skipped.isEmpty())
         return;
 
-    const QString note =
-        tr("Not reopened, no longer found: %1").arg(skipped.join(QLatin1String(", ")));
+    const QString note = tr("Not reopened, no longer found: %1")
+                             .arg(DisplayName::visible(skipped.join(QLatin1String(", "))));
     auto *current = m_tabs ? qobject_cast<SedGUI *>(m_tabs->currentWidget()) : nullptr;
     // A notice the document already shows is not replaced.
     if (current && current->infoBar()->message().isEmpty())

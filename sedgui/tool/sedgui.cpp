@@ -4,9 +4,11 @@
 #include "dialogs/infobar.h"
 #include "dialogs/statusstrip.h"
 #include "dialogs/userprompt.h"
+#include "displayname.h"
 #include "options/editorsettings.h"
 #include "session/closebatch.h"
 #include "templatetree.h"
+#include "tool/binarylock.h"
 #include "tool/documentjournal.h"
 #include "tool/documentstate.h"
 #include "editing/editoractions.h"
@@ -117,7 +119,10 @@ SedGUI::SedGUI(QWidget *parent)
     clipboardHasText(); // connected before the tools below, so it is up to date for them
     connect(QApplication::clipboard(), &QClipboard::dataChanged, this,
             [this] { emitEditState(false); });
+    m_binaryLock = new BinaryLock(m_editor, m_infoBar, this);
     connect(m_infoBar, &InfoBar::actionTriggered, this, [this] {
+        if (m_binaryLock->takeAction())
+            return;
         m_infoBar->clearMessage();
         handleExternalChange();
     });
@@ -192,9 +197,9 @@ SedGUI::~SedGUI()
 
 QString SedGUI::getTitle() const
 {
-    const QString name = m_doc->filePath.isEmpty() ? getTabText() : m_doc->filePath;
     if (m_doc->filePath.isEmpty())
-        return name;
+        return getTabText();
+    const QString name = DisplayName::visible(m_doc->filePath);
     return isModified() ? name + QLatin1Char('*') : name;
 }
 
@@ -237,7 +242,7 @@ void SedGUI::closeTool(bool force)
         question.title = tr("Close Document");
         question.text = tr("Save the changes to %1 before closing?")
                             .arg(m_doc->filePath.isEmpty() ? getTabText().remove(QLatin1Char('*'))
-                                                           : m_doc->filePath);
+                                                           : DisplayName::visible(m_doc->filePath));
         question.buttons = {UserPrompt::Save, UserPrompt::Discard, UserPrompt::Cancel};
         question.defaultButton = UserPrompt::Save;
         question.escapeButton = UserPrompt::Cancel;

@@ -1,5 +1,6 @@
 #include "dialogs/infobar.h"
 #include "dialogs/userprompt.h"
+#include "displayname.h"
 #include "filereader.h"
 #include "languagedetector.h"
 #include "languages.h"
@@ -8,6 +9,7 @@
 #include "sedgui.h"
 #include "templatetree.h"
 #include "textfilecodec.h"
+#include "tool/binarylock.h"
 #include "tool/documentjournal.h"
 #include "tool/documentstate.h"
 #include "editing/indentation.h"
@@ -111,7 +113,7 @@ QsciScintilla::EolMode eolMode(LineEnding ending)
 
 QString displayName(const QString &path)
 {
-    return QDir::toNativeSeparators(path);
+    return DisplayName::visible(QDir::toNativeSeparators(path));
 }
 
 } // namespace
@@ -181,6 +183,7 @@ void SedGUI::loadBytes(const QByteArray &bytes, bool keepUndo)
         m_infoBar->clearMessage();
     else
         m_infoBar->showMessage(notices.join(QLatin1Char(' ')));
+    m_binaryLock->check(decoded.utf8);
 }
 
 void SedGUI::applyDecoded(const QByteArray &utf8, bool keepUndo)

@@ -1,6 +1,7 @@
 #include "hubguitool.h"
 #include "mainwindow.h"
 #include "menuactionman.h"
+#include "window/tabkeeper.h"
 
 #include <QAction>
 #include <QFile>
@@ -31,6 +32,7 @@ void TestShortcutClash::noKeyServesTwoCommands()
     QFile file(dir.filePath(QStringLiteral("main.c")));
     QVERIFY(file.open(QIODevice::WriteOnly) && file.write("int x;\n") > 0 && file.flush());
     MainWindow window(QStringList{file.fileName()}); // as the user starts it
+    new koru::sedgui::TabKeeper(&window, window.tabWidget());
     window.show();
     for (int i = 0; i < 3; ++i)
         QCoreApplication::processEvents(); // delivers the posted events too

@@ -2,6 +2,7 @@
 #include "dialogs/infobar.h"
 #include "promptrecorder.h"
 #include "sedgui.h"
+#include "textformat.h"
 
 #include <QFileInfo>
 #include <QPointer>
@@ -130,6 +131,43 @@ private Q_SLOTS:
             QVERIFY(tool->isModified());
             delete tool;
         }
+    }
+    // A file that looks binary opens read-only with a notice until the user chooses to edit.
+    void binaryFileOpensReadOnlyUntilChosen_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<bool>("binary");
+        const QByteArray text = QByteArray("int x;\n").repeated(1200); // 8.4 KB
+        const auto utf16 = [](QStringView s) -> QByteArray {
+            return QStringEncoder(QStringConverter::Utf16LE, QStringEncoder::Flag::WriteBom)(s);
+        };
+        QTest::newRow("executable header") << QByteArray("\x7f"
+                                                         "ELF\x02\x01\x01\0\0\0",
+                                                         10)
+                                           << true;
+        QTest::newRow("nul late in the first 8 KiB") << text.left(8000) + '\0' + "x" << true;
+        QTest::newRow("nul past the first 8 KiB") << text + '\0' << false;
+        QTest::newRow("control bytes, no nul") << QByteArray("ab\x01\x02\x03\x04"
+                                                             "cdefgh\x05")
+                                               << true;
+        QTest::newRow("text with escapes and form feeds")
+            << QByteArray("\x1b[1mbold\x1b[0m\f\npage\t2\r\n") << false;
+        QTest::newRow("utf-16 text") << utf16(u"caf\u00e9\r\nx\r\n") << false;
+    }
+    void binaryFileOpensReadOnlyUntilChosen()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(bool, binary);
+        SedGUI tool;
+        QVERIFY(tool.openFile(file("data.bin", bytes), nullptr));
+        QCOMPARE(tool.editor()->isReadOnly(), binary);
+        QCOMPARE(tool.infoBar()->message().contains(QLatin1String("binary")), binary);
+        emit tool.infoBar()->actionTriggered();
+        QVERIFY(!tool.editor()->isReadOnly());
+        QVERIFY(!tool.infoBar()->message().contains(QLatin1String("binary")));
+        // The choice outlives a reload.
+        QVERIFY(tool.reloadWithEncoding(tool.textFormat().encoding));
+        QVERIFY(!tool.editor()->isReadOnly());
     }
     void hugeLineOpensPlainAndSavesExactly()
     {
