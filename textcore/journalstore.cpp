@@ -72,6 +72,8 @@ QByteArray encodeHeader(const JournalEntry &entry, qsizetype textSize)
     header += "bom " + QByteArray::number(entry.format.bom ? 1 : 0) + '\n';
     header += "eol " + lineEndingName(entry.format.lineEnding) + '\n';
     header += "written " + QByteArray::number(entry.writtenMs) + '\n';
+    if (entry.keptOnQuit)
+        header += "kept 1\n";
     header += "length " + QByteArray::number(textSize) + "\n\n";
     return header;
 }
@@ -134,6 +136,8 @@ bool decodeHeader(const QByteArray &bytes, JournalEntry *entry, qsizetype *textS
             fieldOk = parseLineEnding(value, &entry->format.lineEnding);
         } else if (key == "written") {
             entry->writtenMs = value.toLongLong(&fieldOk);
+        } else if (key == "kept") {
+            entry->keptOnQuit = value == "1";
         } else if (key == "length") {
             *textSize = value.toLongLong(&fieldOk);
             haveLength = fieldOk && *textSize >= 0;
