@@ -606,6 +606,38 @@ QList<JournalStore::Found> JournalStore::list()
     return found;
 }
 
+QList<JournalEntry> JournalStore::othersEditing(const QString &path)
+{
+    QList<JournalEntry> found;
+    if (m_dirFd < 0 || path.isEmpty())
+        return found;
+    QHash<QByteArray, bool> alive;
+    for (const QByteArray &name : namesIn(m_dirFd)) {
+        const QByteArray ownerKey = ownerKeyOf(name);
+        if (!name.endsWith(JournalSuffix) || ownerKey.isEmpty() || ownerKey == m_ownerKey ||
+            m_claims.contains(ownerKey))
+            continue;
+        if (!alive.contains(ownerKey)) {
+            bool held = false;
+            const int fd = lockOwner(ownerKey, &held);
+            if (fd >= 0)
+                PosixFile::close(fd);
+            alive.insert(ownerKey, held);
+        }
+        if (!alive.value(ownerKey))
+            continue;
+        QString problem;
+        const QByteArray head = readJournal(name, HeaderLimit, &problem);
+        JournalEntry entry;
+        qsizetype start = 0;
+        qsizetype size = 0;
+        if (problem.isEmpty() && decodeHeader(head, &entry, &start, &size, &problem) &&
+            entry.path == path)
+            found.append(entry);
+    }
+    return found;
+}
+
 void JournalStore::discard(const Found &found)
 {
     if (m_dirFd < 0 || found.state != State::Dead)

@@ -85,6 +85,10 @@ public:
     // Every journal in the folder, oldest first. Leftovers of interrupted
     // writes by dead owners are deleted.
     QList<Found> list();
+    // The headers of the journals that other running editors keep for path
+    // (compared as given): they have unsaved changes to that file. Reads
+    // headers only and takes no claim, so it may run at any time.
+    QList<JournalEntry> othersEditing(const QString &path);
     // Deletes a journal found Dead (restored or discarded), and its owner's
     // lock file once the owner has no journal left.
     void discard(const Found &found);

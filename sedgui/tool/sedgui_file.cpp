@@ -12,6 +12,7 @@
 #include "tool/documentstate.h"
 #include "tool/indentation.h"
 #include "tool/languagelexers.h"
+#include "tool/othereditornotice.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -153,6 +154,10 @@ bool SedGUI::openFile(const QString &path, QString *error)
     m_doc->diskIdentity = identity;
     m_indentation->setFilePath(absolute);
     loadBytes(bytes, false);
+    if (const QString other = OtherEditorNotice::forFile(absolute); !other.isEmpty()) {
+        const QString shown = m_infoBar->message();
+        m_infoBar->showMessage(shown.isEmpty() ? other : shown + QLatin1Char(' ') + other);
+    }
     TemplateTree::Instance()->watchFile(absolute);
     updateTitle();
     emitEditState(true);

@@ -1,5 +1,6 @@
 #include "../textcore/fileopsrunner.h"
 #include "dialogs/infobar.h"
+#include "journalstore.h"
 #include "options/editorsettings.h"
 #include "promptrecorder.h"
 #include "sedgui.h"
@@ -10,6 +11,8 @@
 #include <QTest>
 
 #include <Qsci/qsciscintilla.h>
+
+#include <memory>
 
 using namespace koru::sedgui;
 
@@ -120,6 +123,37 @@ private Q_SLOTS:
         QCOMPARE(changed(), m_tool);
         QCOMPARE(m_tool->editor()->text(), QStringLiteral("outside\n"));
         QCOMPARE(prompts.asked.size(), 1);
+    }
+    // Another editor's journal for the file tells that it has unsaved changes there.
+    void otherEditorsChangesAreFlagged_data()
+    {
+        QTest::addColumn<bool>("running"); // the other editor's store still exists
+        QTest::addColumn<bool>("sameFile");
+        QTest::addColumn<bool>("flagged");
+        QTest::newRow("running, same file") << true << true << true;
+        QTest::newRow("running, another file") << true << false << false;
+        QTest::newRow("ended") << false << true << false;
+    }
+    void otherEditorsChangesAreFlagged()
+    {
+        QFETCH(bool, running);
+        QFETCH(bool, sameFile);
+        QFETCH(bool, flagged);
+        JournalOwner owner = JournalOwner::current();
+        owner.pid = 999993;
+        auto other = std::make_unique<JournalStore>(JournalStore::defaultFolder(), owner);
+        JournalEntry entry;
+        entry.documentId = other->newDocumentId();
+        entry.path = sameFile ? m_path : m_dir.filePath(QStringLiteral("other.txt"));
+        QVERIFY(other->write(entry, "theirs"));
+        if (!running)
+            other.reset();
+        QVERIFY(open("mine\n"));
+        const QString note = m_tool->infoBar()->message();
+        QCOMPARE(note.contains(QLatin1String("999993")), flagged);
+        QCOMPARE(note.contains(m_path), flagged);
+        if (other)
+            other->remove(entry.documentId);
     }
     void savingOverChangedFileAsks_data()
     {
