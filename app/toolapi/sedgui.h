@@ -179,6 +179,9 @@ private:
     // Recovery journal (tool/documentjournal.h): keeps the unsaved text on disk.
     friend class DocumentJournal;
     DocumentJournal *m_journal = nullptr;
+    // Several files changed on disk at once, asked about in one list
+    // (tool/externalchangebatch.h).
+    friend class ExternalChangeBatch;
 };
 
 } // namespace koru::sedgui

@@ -10,6 +10,7 @@
 #include "textfilecodec.h"
 #include "tool/documentjournal.h"
 #include "tool/documentstate.h"
+#include "tool/externalchangebatch.h"
 #include "tool/indentation.h"
 #include "tool/languagelexers.h"
 #include "tool/othereditornotice.h"
@@ -540,7 +541,10 @@ bool SedGUI::handleExternalChange()
     // Neither the default nor Escape loses the user's text.
     question.defaultButton = modified ? UserPrompt::Keep : UserPrompt::Reload;
     question.escapeButton = UserPrompt::Keep;
-    const UserPrompt::Button answer = UserPrompt::ask(this, question);
+    // Several files changed at once: the user has answered for all in one list.
+    UserPrompt::Button answer = UserPrompt::Keep;
+    if (!ExternalChangeBatch::answerFor(this, &answer))
+        answer = UserPrompt::ask(this, question);
     if (answer == UserPrompt::Reload) {
         if (!reloadFromDisk())
             setForcedModified(true);

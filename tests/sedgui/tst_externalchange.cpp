@@ -1,4 +1,5 @@
 #include "../textcore/fileopsrunner.h"
+#include "dialogs/externalchangesdialog.h"
 #include "dialogs/infobar.h"
 #include "journalstore.h"
 #include "options/editorsettings.h"
@@ -7,12 +8,14 @@
 #include "templatetree.h"
 
 #include <QSaveFile>
+#include <QScopeGuard>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <Qsci/qsciscintilla.h>
 
 #include <memory>
+#include <vector>
 
 using namespace koru::sedgui;
 
@@ -123,6 +126,61 @@ private Q_SLOTS:
         QCOMPARE(changed(), m_tool);
         QCOMPARE(m_tool->editor()->text(), QStringLiteral("outside\n"));
         QCOMPARE(prompts.asked.size(), 1);
+    }
+    // Three files change at once, the middle one modified here: one list, no box.
+    void manyChangesOneQuestion_data()
+    {
+        QTest::addColumn<bool>("apply");         // Reload Checked; false: Keep All
+        QTest::addColumn<QList<bool>>("reload"); // the checks as the user leaves them
+        QTest::addColumn<QStringList>("texts");  // in the three editors afterwards
+        QTest::newRow("as offered") << true << QList{true, false, true}
+                                    << QStringList{"new 0\n", "mine\nold 1\n", "new 2\n"};
+        QTest::newRow("mine reloaded too, one kept")
+            << true << QList{false, true, true} << QStringList{"old 0\n", "new 1\n", "new 2\n"};
+        QTest::newRow("keep all") << false << QList{true, true, true}
+                                  << QStringList{"old 0\n", "mine\nold 1\n", "old 2\n"};
+    }
+    void manyChangesOneQuestion()
+    {
+        QFETCH(bool, apply);
+        QFETCH(QList<bool>, reload);
+        QFETCH(QStringList, texts);
+        PromptRecorder prompts;
+        std::vector<std::unique_ptr<SedGUI>> tools;
+        QStringList paths;
+        for (int i = 0; i < 3; ++i) {
+            paths.append(m_dir.filePath(QStringLiteral("many%1.txt").arg(i)));
+            tools.push_back(std::make_unique<SedGUI>());
+            QVERIFY(FileOpsRunner::writeFile(paths[i], "old " + QByteArray::number(i) + "\n"));
+            QVERIFY(tools[i]->openFile(paths[i], nullptr));
+        }
+        tools[1]->editor()->insertAt(QStringLiteral("mine\n"), 0, 0);
+        for (int i = 0; i < 3; ++i)
+            QVERIFY(renameOver(paths[i], "new " + QByteArray::number(i) + "\n"));
+        QList<QStringList> lists;
+        QList<bool> offered;
+        QList<bool> shownModified;
+        ExternalChangesDialog::setAnswerer(
+            [&](const QStringList &names, const QList<bool> &modified, QList<bool> *checks) {
+                lists.append(names);
+                offered = *checks;
+                shownModified = modified;
+                *checks = reload;
+                return apply;
+            });
+        const auto restore = qScopeGuard([] { ExternalChangesDialog::setAnswerer({}); });
+
+        QCOMPARE(changed(), tools[0].get());
+        QCOMPARE(lists, QList<QStringList>{paths});
+        QCOMPARE(offered, (QList<bool>{true, false, true}));
+        QCOMPARE(shownModified, (QList<bool>{false, true, false}));
+        QVERIFY(prompts.asked.isEmpty());
+        for (int i = 0; i < 3; ++i) {
+            QCOMPARE(tools[i]->editor()->text(), texts[i]);
+            QCOMPARE(tools[i]->isModified(), !texts[i].startsWith(QLatin1String("new")));
+        }
+        QCOMPARE(changed(), nullptr);
+        QCOMPARE(lists.size(), 1);
     }
     // Another editor's journal for the file tells that it has unsaved changes there.
     void otherEditorsChangesAreFlagged_data()
