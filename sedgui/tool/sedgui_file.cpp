@@ -400,6 +400,8 @@ bool SedGUI::writeFile(const QString &path)
             return false;
         }
     }
+    // A save cut short must not lose the text: it is on disk before the file is touched.
+    m_journal->writeAndWait();
     if (!SafeSaver::save(path, bytes, &error)) {
         UserPrompt::tell(this, UserPrompt::Icon::Critical, tr("Save"), error);
         return false;
