@@ -182,23 +182,22 @@ private Q_SLOTS:
     void otherEditorsChangesAreFlagged_data()
     {
         QTest::addColumn<bool>("running"); // the other editor's store still exists
-        QTest::addColumn<bool>("sameFile");
-        QTest::addColumn<bool>("flagged");
-        QTest::newRow("running, same file") << true << true << true;
-        QTest::newRow("running, another file") << true << false << false;
-        QTest::newRow("ended") << false << true << false;
+        QTest::addColumn<QString>("name"); // of the file it edits
+        QTest::newRow("running, same file") << true << "watched.txt";
+        QTest::newRow("running, another file") << true << "other.txt";
+        QTest::newRow("ended") << false << "watched.txt";
     }
     void otherEditorsChangesAreFlagged()
     {
         QFETCH(bool, running);
-        QFETCH(bool, sameFile);
-        QFETCH(bool, flagged);
+        QFETCH(QString, name);
+        const bool flagged = running && m_path.endsWith(name);
         JournalOwner owner = JournalOwner::current();
         owner.pid = 999993;
         auto other = std::make_unique<JournalStore>(JournalStore::defaultFolder(), owner);
         JournalEntry entry;
         entry.documentId = other->newDocumentId();
-        entry.path = sameFile ? m_path : m_dir.filePath(QStringLiteral("other.txt"));
+        entry.path = m_dir.filePath(name);
         QVERIFY(other->write(entry, "theirs"));
         if (!running)
             other.reset();
