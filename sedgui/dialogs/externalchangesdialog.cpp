@@ -6,6 +6,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace koru::sedgui {
 
 namespace {
@@ -65,6 +67,8 @@ ExternalChangesDialog::ExternalChangesDialog(const QStringList &names, const QLi
     layout->addWidget(label);
     layout->addWidget(m_list);
     layout->addWidget(buttons);
+    // Wide enough for full paths in most cases.
+    resize(std::max(sizeHint().width(), 600), sizeHint().height());
 }
 
 QList<bool> ExternalChangesDialog::reloadFlags() const
