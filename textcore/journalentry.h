@@ -25,6 +25,9 @@ struct JournalEntry
     TextFormat format;
     // When the journal was written, in milliseconds since the epoch.
     qint64 writtenMs = 0;
+    // Written when the user quit with "keep unsaved changes on quit without
+    // asking": the next start brings the document back without a question.
+    bool keptOnQuit = false;
 };
 
 } // namespace koru::sedgui

@@ -29,6 +29,7 @@ const QByteArray LockSuffix = ".lock";
 const QByteArray CorruptFolder = "corrupt";
 const QByteArray SaveSuffix = ".save";
 const QByteArray OriginalSuffix = ".original";
+const QByteArray TemporarySuffix = ".temporary";
 constexpr qsizetype DigestSize = 16;
 // Enough for any header: paths are at most a few KB even percent-encoded.
 constexpr qsizetype HeaderLimit = 64 * 1024;
@@ -72,6 +73,8 @@ QByteArray encodeHeader(const JournalEntry &entry, qsizetype textSize)
     header += "bom " + QByteArray::number(entry.format.bom ? 1 : 0) + '\n';
     header += "eol " + lineEndingName(entry.format.lineEnding) + '\n';
     header += "written " + QByteArray::number(entry.writtenMs) + '\n';
+    if (entry.keptOnQuit)
+        header += "kept 1\n";
     header += "length " + QByteArray::number(textSize) + "\n\n";
     return header;
 }
@@ -134,6 +137,8 @@ bool decodeHeader(const QByteArray &bytes, JournalEntry *entry, qsizetype *textS
             fieldOk = parseLineEnding(value, &entry->format.lineEnding);
         } else if (key == "written") {
             entry->writtenMs = value.toLongLong(&fieldOk);
+        } else if (key == "kept") {
+            entry->keptOnQuit = value == "1";
         } else if (key == "length") {
             *textSize = value.toLongLong(&fieldOk);
             haveLength = fieldOk && *textSize >= 0;
@@ -381,7 +386,8 @@ QString JournalStore::keepOriginal(const QString &target, const QByteArray &orig
         m_ownerKey + "_save" + QByteArray::number(m_nextDocument.fetchAndAddRelaxed(1));
     const QByteArray record = Magic.trimmed() + "-SAVE " + QByteArray::number(FormatVersion) +
                               "\npath " + QFile::encodeName(target).toPercentEncoding() + "\nold " +
-                              md5Hex(original) + "\nnew " + md5Hex(replacement) + '\n';
+                              md5Hex(original) + "\nnew " + md5Hex(replacement) + '\n' + "mtime " +
+                              QByteArray::number(FileIdentity::of(target).mtimeNs) + '\n';
     // The copy first: a record always has its copy.
     if (!writeNewFile(m_dirFd, base + OriginalSuffix, original))
         return {};
@@ -391,6 +397,46 @@ QString JournalStore::keepOriginal(const QString &target, const QByteArray &orig
     }
     ::fsync(m_dirFd);
     return m_folder + QLatin1Char('/') + QFile::decodeName(base + OriginalSuffix);
+}
+
+QString JournalStore::noteTemporary(const QString &temporaryPath)
+{
+    if (m_dirFd < 0)
+        return {};
+    const QByteArray name =
+        m_ownerKey + "_temp" + QByteArray::number(m_nextDocument.fetchAndAddRelaxed(1));
+    const QByteArray record = Magic.trimmed() + "-TEMP " + QByteArray::number(FormatVersion) +
+                              "\npath " + QFile::encodeName(temporaryPath).toPercentEncoding() +
+                              '\n';
+    if (!writeNewFile(m_dirFd, name + TemporarySuffix, record))
+        return {};
+    return m_folder + QLatin1Char('/') + QFile::decodeName(name + TemporarySuffix);
+}
+
+void JournalStore::dropTemporary(const QString &recordPath)
+{
+    if (recordPath.startsWith(m_folder + QLatin1Char('/')) &&
+        recordPath.endsWith(QFile::decodeName(TemporarySuffix)))
+        ::unlink(QFile::encodeName(recordPath).constData());
+}
+
+void JournalStore::removeTemporary(const QByteArray &recordName)
+{
+    QString problem;
+    const QByteArray record = readJournal(recordName, HeaderLimit, &problem);
+    for (const QByteArray &line : record.split('\n')) {
+        if (!line.startsWith("path "))
+            continue;
+        const QByteArray path = QByteArray::fromPercentEncoding(line.mid(5));
+        const QByteArray base = path.mid(path.lastIndexOf('/') + 1);
+        // Only what the saver makes: a hidden ".name.XXXX.tmp", a plain file.
+        // A rename is atomic, so the target beside it is whole either way.
+        struct stat st;
+        if (base.startsWith('.') && base.endsWith(".tmp") && ::lstat(path.constData(), &st) == 0 &&
+            S_ISREG(st.st_mode))
+            ::unlink(path.constData());
+    }
+    ::unlinkat(m_dirFd, recordName.constData(), 0);
 }
 
 void JournalStore::dropOriginal(const QString &copyPath)
@@ -411,8 +457,11 @@ bool JournalStore::settleSave(const QByteArray &recordName, Found *found)
     const QByteArray record = readJournal(recordName, HeaderLimit, &problem);
     QByteArray oldSum;
     QByteArray newSum;
+    qint64 oldMtimeNs = 0;
     for (const QByteArray &line : record.split('\n')) {
-        if (line.startsWith("path "))
+        if (line.startsWith("mtime "))
+            oldMtimeNs = line.mid(6).toLongLong();
+        else if (line.startsWith("path "))
             found->entry.path = QFile::decodeName(QByteArray::fromPercentEncoding(line.mid(5)));
         else if (line.startsWith("old "))
             oldSum = line.mid(4);
@@ -431,14 +480,25 @@ bool JournalStore::settleSave(const QByteArray &recordName, Found *found)
     const QByteArray now = target.open(QIODevice::ReadOnly) ? target.readAll() : QByteArray();
     target.close();
     const QByteArray nowSum = md5Hex(now);
+    const QByteArray targetPath = QFile::encodeName(found->entry.path);
+    // The old text is the file as the editor knew it: with its time back, a
+    // journal made before the save does not find it changed on disk.
+    const auto restoreTime = [&] {
+        if (oldMtimeNs <= 0)
+            return;
+        const struct timespec times[2] = {
+            {0, UTIME_OMIT}, {time_t(oldMtimeNs / 1000000000), long(oldMtimeNs % 1000000000)}};
+        ::utimensat(AT_FDCWD, targetPath.constData(), times, 0);
+    };
     if (nowSum == oldSum || nowSum == newSum) {
+        if (nowSum == oldSum)
+            restoreTime();
         drop();
         return false;
     }
     // A mix of old and new: the original goes back, in place as it was written.
     const QString copy = m_folder + QLatin1Char('/') + QFile::decodeName(base + OriginalSuffix);
     const QByteArray original = readJournal(base + OriginalSuffix, -1, &problem);
-    const QByteArray targetPath = QFile::encodeName(found->entry.path);
     bool restored = false;
     if (problem.isEmpty() && md5Hex(original) == oldSum) {
         const int fd = ::open(targetPath.constData(), O_WRONLY | O_CLOEXEC | O_NOCTTY);
@@ -449,6 +509,7 @@ bool JournalStore::settleSave(const QByteArray &recordName, Found *found)
     }
     found->state = State::InterruptedSave;
     if (restored) {
+        restoreTime();
         drop();
         found->problem = tr("a save was interrupted halfway; the file was put back as it was "
                             "before that save");
@@ -547,6 +608,12 @@ QList<JournalStore::Found> JournalStore::list()
                 found.append(item);
             continue;
         }
+        if (name.endsWith(TemporarySuffix)) {
+            const QByteArray owner = ownerKeyOf(name);
+            if (!owner.isEmpty() && !isOwnerAlive(owner))
+                removeTemporary(name);
+            continue;
+        }
         if (name.endsWith(TempSuffix)) {
             // An interrupted write; the journal before it is still whole.
             const QByteArray owner = ownerKeyOf(name);
@@ -602,6 +669,38 @@ QList<JournalStore::Found> JournalStore::list()
     return found;
 }
 
+QList<JournalEntry> JournalStore::othersEditing(const QString &path)
+{
+    QList<JournalEntry> found;
+    if (m_dirFd < 0 || path.isEmpty())
+        return found;
+    QHash<QByteArray, bool> alive;
+    for (const QByteArray &name : namesIn(m_dirFd)) {
+        const QByteArray ownerKey = ownerKeyOf(name);
+        if (!name.endsWith(JournalSuffix) || ownerKey.isEmpty() || ownerKey == m_ownerKey ||
+            m_claims.contains(ownerKey))
+            continue;
+        if (!alive.contains(ownerKey)) {
+            bool held = false;
+            const int fd = lockOwner(ownerKey, &held);
+            if (fd >= 0)
+                PosixFile::close(fd);
+            alive.insert(ownerKey, held);
+        }
+        if (!alive.value(ownerKey))
+            continue;
+        QString problem;
+        const QByteArray head = readJournal(name, HeaderLimit, &problem);
+        JournalEntry entry;
+        qsizetype start = 0;
+        qsizetype size = 0;
+        if (problem.isEmpty() && decodeHeader(head, &entry, &start, &size, &problem) &&
+            entry.path == path)
+            found.append(entry);
+    }
+    return found;
+}
+
 void JournalStore::discard(const Found &found)
 {
     if (m_dirFd < 0 || found.state != State::Dead)
@@ -618,7 +717,8 @@ void JournalStore::dropOwnerIfEmpty(const QByteArray &ownerKey)
 {
     const QList<QByteArray> names = namesIn(m_dirFd);
     for (const QByteArray &name : names) {
-        if ((name.endsWith(JournalSuffix) || name.endsWith(SaveSuffix)) &&
+        if ((name.endsWith(JournalSuffix) || name.endsWith(SaveSuffix) ||
+             name.endsWith(TemporarySuffix)) &&
             ownerKeyOf(name) == ownerKey)
             return;
     }

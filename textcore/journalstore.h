@@ -85,6 +85,10 @@ public:
     // Every journal in the folder, oldest first. Leftovers of interrupted
     // writes by dead owners are deleted.
     QList<Found> list();
+    // The headers of the journals that other running editors keep for path
+    // (compared as given): they have unsaved changes to that file. Reads
+    // headers only and takes no claim, so it may run at any time.
+    QList<JournalEntry> othersEditing(const QString &path);
     // Deletes a journal found Dead (restored or discarded), and its owner's
     // lock file once the owner has no journal left.
     void discard(const Found &found);
@@ -100,6 +104,13 @@ public:
     // The in-place write ended and the file is whole: the copy goes.
     void dropOriginal(const QString &copyPath);
 
+    // Before a temporary file is made beside a file being saved: records its
+    // path, so that a start after a crash removes it (list()). Returns the
+    // record's path, or empty.
+    QString noteTemporary(const QString &temporaryPath);
+    // The temporary was renamed over its target or removed.
+    void dropTemporary(const QString &recordPath);
+
     // The file as written: for tests and the readers of other tools.
     static QByteArray encode(const JournalEntry &entry, const QByteArray &text);
     // False with *problem set when the bytes are not a whole journal of this version.
@@ -114,6 +125,7 @@ private:
     void moveAside(const QByteArray &name);
     void dropOwnerIfEmpty(const QByteArray &ownerKey);
     bool settleSave(const QByteArray &recordName, Found *found);
+    void removeTemporary(const QByteArray &recordName);
 
     QString m_folder;
     QString m_error;

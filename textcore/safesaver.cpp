@@ -30,20 +30,37 @@ QString cannotSave(const QString &path, const QString &reason)
     return tr("Cannot save %1: %2").arg(path, reason);
 }
 
+SafeSaver::OriginalKeeper &originalKeeper()
+{
+    static SafeSaver::OriginalKeeper keeper;
+    return keeper;
+}
+
 // A new, exclusively created file next to `target` (or in `dir`), named
 // after it and hidden. Returns the descriptor and sets *name, or -1 with
-// errno set.
-int createSibling(const QByteArray &dir, const QByteArray &target, mode_t mode, QByteArray *name)
+// errno set. With record, the name is recorded by the keeper before the file
+// exists, and *record names that record.
+int createSibling(const QByteArray &dir, const QByteArray &target, mode_t mode, QByteArray *name,
+                  QString *record = nullptr)
 {
     QByteArray base = target.mid(target.lastIndexOf('/') + 1).left(200);
+    const SafeSaver::OriginalKeeper &keeper = originalKeeper();
     for (int attempt = 0; attempt < 100; ++attempt) {
         *name = dir + "/." + base + '.' +
                 QByteArray::number(QRandomGenerator::global()->generate(), 36) + ".tmp";
+        if (record && keeper.noteTemporary)
+            *record = keeper.noteTemporary(QFile::decodeName(*name));
         // O_EXCL | O_NOFOLLOW: never write through a link someone planted.
         const int fd =
             ::open(name->constData(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode);
-        if (fd >= 0 || errno != EEXIST)
+        if (fd >= 0)
             return fd;
+        const int code = errno;
+        if (record && !record->isEmpty() && keeper.dropTemporary)
+            keeper.dropTemporary(*record);
+        errno = code;
+        if (code != EEXIST)
+            return -1;
     }
     return -1;
 }
@@ -108,8 +125,9 @@ bool saveByRename(const QByteArray &target, const QByteArray &dir, const struct 
                   const QByteArray &bytes, int *savedErrno, bool *cannotKeepAttributes)
 {
     QByteArray tempName;
+    QString record;
     // A new file gets 0666 less the umask, like any file the user creates.
-    const int fd = createSibling(dir, target, old ? 0600 : 0666, &tempName);
+    const int fd = createSibling(dir, target, old ? 0600 : 0666, &tempName, &record);
     if (fd < 0) {
         *savedErrno = errno;
         return false;
@@ -144,12 +162,14 @@ bool saveByRename(const QByteArray &target, const QByteArray &dir, const struct 
         *savedErrno = errno;
         ok = false;
     }
-    if (!ok) {
+    if (!ok)
         ::unlink(tempName.constData());
-        return false;
-    }
-    syncDirectory(dir);
-    return true;
+    else
+        syncDirectory(dir);
+    // Renamed or removed: nothing is left to clean up.
+    if (!record.isEmpty() && originalKeeper().dropTemporary)
+        originalKeeper().dropTemporary(record);
+    return ok;
 }
 
 // Writes `bytes` over the file from its start and cuts it to their size.
@@ -158,12 +178,6 @@ bool overwrite(int fd, const QByteArray &bytes)
     return ::lseek(fd, 0, SEEK_SET) == 0 &&
            PosixFile::writeAll(fd, bytes.constData(), bytes.size()) &&
            ::ftruncate(fd, off_t(bytes.size())) == 0 && ::fsync(fd) == 0;
-}
-
-SafeSaver::OriginalKeeper &originalKeeper()
-{
-    static SafeSaver::OriginalKeeper keeper;
-    return keeper;
 }
 
 void dropBackup(const QByteArray &backup)

@@ -31,6 +31,12 @@ public:
     {
         std::function<QString(const QString &, const QByteArray &, const QByteArray &)> keep;
         std::function<void(const QString &)> drop;
+        // Before a temporary file is made beside the target: records its
+        // path, so that a start after a crash removes it, and returns the
+        // record (empty: none); dropTemporary() removes the record once the
+        // temporary is renamed or removed.
+        std::function<QString(const QString &)> noteTemporary;
+        std::function<void(const QString &)> dropTemporary;
     };
     // Set once, before the first save.
     static void setOriginalKeeper(const OriginalKeeper &keeper);

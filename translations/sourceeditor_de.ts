@@ -818,6 +818,10 @@ Es behält die Kodierung %3.</translation>
         <translation>Die letzte &amp;Sitzung beim Start wiederherstellen</translation>
     </message>
     <message>
+        <source>&amp;Keep unsaved changes on quit without asking</source>
+        <translation>Ungespeicherte Änderungen beim Beenden ohne Rückfrage &amp;behalten</translation>
+    </message>
+    <message>
         <source>Unix and macOS (LF)</source>
         <translation>Unix und macOS (LF)</translation>
     </message>
@@ -1514,6 +1518,36 @@ Der Text, der gespeichert werden sollte, wird wieder angeboten, falls er nicht g
     <message>
         <source>Open Containing &amp;Folder</source>
         <translation>Übergeordneten &amp;Ordner öffnen</translation>
+    </message>
+</context>
+<context>
+    <name>koru::sedgui::OtherEditorNotice</name>
+    <message>
+        <source>Another editor (process %1) has unsaved changes to %2 since %3: saving here may overwrite them, or they may overwrite yours.</source>
+        <translation>Ein anderer Editor (Prozess %1) hat seit %3 ungespeicherte Änderungen an %2: Speichern hier kann sie überschreiben, oder sie überschreiben Ihre.</translation>
+    </message>
+</context>
+<context>
+    <name>koru::sedgui::ExternalChangesDialog</name>
+    <message>
+        <source>Files Changed on Disk</source>
+        <translation>Dateien auf dem Datenträger geändert</translation>
+    </message>
+    <message>
+        <source>These files have changed on disk. Reload the checked ones? A file with unsaved changes keeps your text unless you check it (Undo brings your text back).</source>
+        <translation>Diese Dateien wurden auf dem Datenträger geändert. Die markierten neu laden? Eine Datei mit ungespeicherten Änderungen behält Ihren Text, wenn Sie sie nicht markieren (Rückgängig bringt Ihren Text zurück).</translation>
+    </message>
+    <message>
+        <source>%1 (you have unsaved changes)</source>
+        <translation>%1 (Sie haben ungespeicherte Änderungen)</translation>
+    </message>
+    <message>
+        <source>&amp;Reload Checked</source>
+        <translation>Markierte &amp;neu laden</translation>
+    </message>
+    <message>
+        <source>&amp;Keep All</source>
+        <translation>&amp;Alle behalten</translation>
     </message>
 </context>
 </TS>

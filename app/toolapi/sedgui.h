@@ -186,6 +186,9 @@ private:
     void findPrevious();
     // Binary files (tool/binarylock.h): read-only until the user chooses to edit.
     BinaryLock *m_binaryLock = nullptr;
+    // Several files changed on disk at once, asked about in one list
+    // (tool/externalchangebatch.h).
+    friend class ExternalChangeBatch;
 };
 
 } // namespace koru::sedgui

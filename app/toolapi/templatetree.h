@@ -25,7 +25,8 @@ public:
     static TemplateTree *Instance();
 
     // The first document whose file changed outside since it was last asked,
-    // after that document has dealt with the user; null when there is none.
+    // after every such document has dealt with the user (several questions
+    // are asked in one list); null when there is none.
     // Each on-disk state is dealt with once, however often this is called.
     QWidget *checkFileChanged();
 

@@ -29,6 +29,7 @@ const QString s_defaultLineEnding = QStringLiteral("Files/DefaultLineEnding");
 const QString s_reloadUnmodified = QStringLiteral("Files/ReloadUnmodifiedSilently");
 const QString s_trimTrailing = QStringLiteral("Files/TrimTrailingWhitespace");
 const QString s_restoreSession = QStringLiteral("Files/RestoreSession");
+const QString s_keepWorkOnQuit = QStringLiteral("Files/KeepWorkOnQuit");
 
 // The store holds text; anything that does not read back as the expected kind
 // of value gives the default instead.
@@ -124,6 +125,7 @@ EditorSettings::Values EditorSettings::load()
     values.trimTrailingWhitespace =
         readBool(settings, s_trimTrailing, values.trimTrailingWhitespace);
     values.restoreSession = readBool(settings, s_restoreSession, values.restoreSession);
+    values.keepWorkOnQuit = readBool(settings, s_keepWorkOnQuit, values.keepWorkOnQuit);
     return values;
 }
 
@@ -152,6 +154,7 @@ bool EditorSettings::store(const Values &values)
     settings.setValue(s_reloadUnmodified, values.reloadUnmodifiedSilently);
     settings.setValue(s_trimTrailing, values.trimTrailingWhitespace);
     settings.setValue(s_restoreSession, values.restoreSession);
+    settings.setValue(s_keepWorkOnQuit, values.keepWorkOnQuit);
     settings.sync();
     return settings.status() == QSettings::NoError;
 }

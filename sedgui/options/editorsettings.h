@@ -36,6 +36,8 @@ public:
         bool trimTrailingWhitespace = false;
         // Reopen the files of the last clean exit when started without files.
         bool restoreSession = true;
+        // Quit closes at once, keeping every unsaved change for the next start.
+        bool keepWorkOnQuit = false;
     };
 
     static constexpr int MinTabWidth = 1;

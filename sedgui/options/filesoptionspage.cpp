@@ -30,11 +30,13 @@ void FilesOptionsPage::ensureControls()
                       this);
     m_trimTrailing = new QCheckBox(tr("&Trim trailing whitespace when saving"), this);
     m_restoreSession = new QCheckBox(tr("Restore the last &session on start"), this);
+    m_keepWorkOnQuit = new QCheckBox(tr("&Keep unsaved changes on quit without asking"), this);
     m_encoding->setObjectName(QStringLiteral("defaultEncoding"));
     m_lineEnding->setObjectName(QStringLiteral("defaultLineEnding"));
     m_reloadUnmodified->setObjectName(QStringLiteral("reloadUnmodifiedSilently"));
     m_trimTrailing->setObjectName(QStringLiteral("trimTrailingWhitespace"));
     m_restoreSession->setObjectName(QStringLiteral("restoreSession"));
+    m_keepWorkOnQuit->setObjectName(QStringLiteral("keepWorkOnQuit"));
     for (const QByteArray &encoding : TextFileCodec::availableEncodings()) {
         m_encoding->addItem(QString::fromLatin1(encoding), encoding);
     }
@@ -51,6 +53,7 @@ void FilesOptionsPage::ensureControls()
     layout->addWidget(m_reloadUnmodified);
     layout->addWidget(m_trimTrailing);
     layout->addWidget(m_restoreSession);
+    layout->addWidget(m_keepWorkOnQuit);
     layout->addStretch(1);
 }
 
@@ -68,6 +71,7 @@ void FilesOptionsPage::showValues(const EditorSettings::Values &values)
     m_reloadUnmodified->setChecked(values.reloadUnmodifiedSilently);
     m_trimTrailing->setChecked(values.trimTrailingWhitespace);
     m_restoreSession->setChecked(values.restoreSession);
+    m_keepWorkOnQuit->setChecked(values.keepWorkOnQuit);
 }
 
 void FilesOptionsPage::readValues(EditorSettings::Values *values) const
@@ -79,6 +83,7 @@ void FilesOptionsPage::readValues(EditorSettings::Values *values) const
     values->reloadUnmodifiedSilently = m_reloadUnmodified->isChecked();
     values->trimTrailingWhitespace = m_trimTrailing->isChecked();
     values->restoreSession = m_restoreSession->isChecked();
+    values->keepWorkOnQuit = m_keepWorkOnQuit->isChecked();
 }
 
 void FilesOptionsPage::refreshPage()

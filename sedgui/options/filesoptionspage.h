@@ -32,6 +32,7 @@ private:
     QCheckBox *m_reloadUnmodified = nullptr;
     QCheckBox *m_trimTrailing = nullptr;
     QCheckBox *m_restoreSession = nullptr;
+    QCheckBox *m_keepWorkOnQuit = nullptr;
 };
 
 } // namespace koru::sedgui

@@ -6,6 +6,7 @@
 #include "sedgui.h"
 #include "session/closebatch.h"
 #include "templatetree.h"
+#include "tool/documentjournal.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -86,6 +87,15 @@ bool SessionKeeper::eventFilter(QObject *watched, QEvent *event)
         return true;
     }
     QScopedValueRollback<bool> guard(m_closing, true);
+    if (EditorSettings::load().keepWorkOnQuit) {
+        // Nothing is asked and no document closes: each one's journal is
+        // kept, marked for the next start to bring back silently, and the
+        // documents go with the window, which closes as after any Quit.
+        DocumentJournal::keepAllOnQuit();
+        capture().store();
+        event->accept();
+        return true;
+    }
     // Taken before the tools close, kept only if the window really closes.
     const SessionRecord record = capture();
     CloseBatch batch(documents());

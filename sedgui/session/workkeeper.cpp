@@ -108,10 +108,13 @@ void WorkKeeper::offerRecovery()
     if (!m_window || !store->isReady())
         return;
     QList<JournalStore::Found> dead;
+    QList<JournalStore::Found> kept;
     QStringList corrupt;
     QStringList interrupted;
     for (const JournalStore::Found &found : store->list()) {
-        if (found.state == JournalStore::State::Dead)
+        if (found.state == JournalStore::State::Dead && found.entry.keptOnQuit)
+            kept.append(found);
+        else if (found.state == JournalStore::State::Dead)
             dead.append(found);
         else if (found.state == JournalStore::State::Corrupt)
             corrupt.append(tr("%1: %2").arg(found.fileName, found.problem));
@@ -128,19 +131,27 @@ void WorkKeeper::offerRecovery()
             m_window, UserPrompt::Icon::Warning, tr("Recover Unsaved Work"),
             tr("These recovery files could not be read and were moved to %1:\n\n%2")
                 .arg(store->folder() + QLatin1String("/corrupt"), corrupt.join(QLatin1Char('\n'))));
-    if (dead.isEmpty())
-        return;
-
-    RecoveryDialog dialog(dead, m_window);
-    dialog.exec();
-    switch (dialog.choice()) {
-    case RecoveryDialog::Restore:
-        for (const JournalStore::Found &found : std::as_const(dead)) {
+    const auto restore = [&](const QList<JournalStore::Found> &journals) {
+        for (const JournalStore::Found &found : journals) {
             if (SedGUI *tool = openDocument(found.entry.path)) {
                 DocumentJournal::restore(tool, found.entry, found.text);
                 store->discard(found);
             }
         }
+    };
+    // Work the user chose to keep on quit comes back as it was left, into the
+    // tabs the session reopened (or new ones for untitled documents).
+    restore(kept);
+    if (dead.isEmpty()) {
+        store->releaseClaims();
+        return;
+    }
+
+    RecoveryDialog dialog(dead, m_window);
+    dialog.exec();
+    switch (dialog.choice()) {
+    case RecoveryDialog::Restore:
+        restore(dead);
         break;
     case RecoveryDialog::Discard:
         for (const JournalStore::Found &found : std::as_const(dead))

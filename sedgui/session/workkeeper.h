@@ -18,7 +18,8 @@ class SedGUI;
 // the main window from main() and owned by it:
 // - after the window shows, offers back the unsaved documents of editors that
 //   ended without closing them (RecoveryDialog), opening them through the
-//   window's onOpenFile(QString,int) and onNewFile() slots;
+//   window's onOpenFile(QString,int) and onNewFile() slots; work kept on
+//   quit by the user's choice comes back without the question;
 // - on SIGTERM, SIGHUP and the desktop session's end, writes every document's
 //   recovery journal and ends the program as a clean exit would, without a
 //   question and without deleting a journal, so that the next start offers

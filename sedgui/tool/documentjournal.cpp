@@ -75,6 +75,7 @@ void DocumentJournal::writeNow()
     entry.untitledNumber = doc.untitledNumber;
     entry.identity = doc.diskIdentity;
     entry.format = doc.format;
+    entry.keptOnQuit = m_keptOnQuit;
     JournalWriter::instance()->write(entry, snapshot());
     m_written = true;
     m_changed = false;
@@ -108,6 +109,25 @@ void DocumentJournal::writeAll()
     const QList<SedGUI *> documents = TemplateTree::Instance()->documents();
     for (SedGUI *document : documents)
         document->m_journal->writeNow();
+    JournalWriter::instance()->waitUntilIdle();
+}
+
+void DocumentJournal::keepAllOnQuit()
+{
+    const QList<SedGUI *> documents = TemplateTree::Instance()->documents();
+    for (SedGUI *document : documents) {
+        DocumentJournal *journal = document->m_journal;
+        // Written again even when unchanged: the mark is new.
+        journal->m_keptOnQuit = true;
+        journal->m_changed = true;
+        journal->writeNow();
+    }
+    JournalWriter::instance()->waitUntilIdle();
+}
+
+void DocumentJournal::writeAndWait()
+{
+    writeNow();
     JournalWriter::instance()->waitUntilIdle();
 }
 

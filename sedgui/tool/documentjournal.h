@@ -35,6 +35,13 @@ public:
     // Writes the journal of every open document with unsaved changes and
     // returns when all are on disk.
     static void writeAll();
+    // As writeAll(), each journal marked as kept on quit: the next start
+    // brings them back without asking.
+    static void keepAllOnQuit();
+    // Writes the journal now, if the document has unsaved changes, and
+    // returns when it is on disk: before anything that may cut the program
+    // short, such as a save.
+    void writeAndWait();
     // Puts recovered text into a tool: the text and format of the journal,
     // marked modified, the file on disk untouched. The tool's own journal is
     // written before this returns, so the recovered one may then go.
@@ -54,6 +61,7 @@ private:
     bool m_written = false;
     // Changed since the journal was last queued.
     bool m_changed = false;
+    bool m_keptOnQuit = false;
     mutable QByteArray m_buffer;
 };
 

@@ -37,7 +37,11 @@ JournalWriter::JournalWriter()
                                      const QByteArray &replacement) {
                  return store->keepOriginal(target, original, replacement);
              },
-             [store = m_store.get()](const QString &copy) { store->dropOriginal(copy); }});
+             [store = m_store.get()](const QString &copy) { store->dropOriginal(copy); },
+             [store = m_store.get()](const QString &temporary) {
+                 return store->noteTemporary(temporary);
+             },
+             [store = m_store.get()](const QString &record) { store->dropTemporary(record); }});
     m_thread = std::thread([this] { run(); });
 }
 

@@ -14,6 +14,8 @@
 #include "tool/documentstate.h"
 #include "editing/indentation.h"
 #include "lexers/languagelexers.h"
+#include "tool/externalchangebatch.h"
+#include "tool/othereditornotice.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -155,6 +157,10 @@ bool SedGUI::openFile(const QString &path, QString *error)
     m_doc->diskIdentity = identity;
     m_indentation->setFilePath(absolute);
     loadBytes(bytes, false);
+    if (const QString other = OtherEditorNotice::forFile(absolute); !other.isEmpty()) {
+        const QString shown = m_infoBar->message();
+        m_infoBar->showMessage(shown.isEmpty() ? other : shown + QLatin1Char(' ') + other);
+    }
     TemplateTree::Instance()->watchFile(absolute);
     updateTitle();
     emitEditState(true);
@@ -397,6 +403,8 @@ bool SedGUI::writeFile(const QString &path)
             return false;
         }
     }
+    // A save cut short must not lose the text: it is on disk before the file is touched.
+    m_journal->writeAndWait();
     if (!SafeSaver::save(path, bytes, &error)) {
         UserPrompt::tell(this, UserPrompt::Icon::Critical, tr("Save"), error);
         return false;
@@ -538,7 +546,10 @@ bool SedGUI::handleExternalChange()
     // Neither the default nor Escape loses the user's text.
     question.defaultButton = modified ? UserPrompt::Keep : UserPrompt::Reload;
     question.escapeButton = UserPrompt::Keep;
-    const UserPrompt::Button answer = UserPrompt::ask(this, question);
+    // Several files changed at once: the user has answered for all in one list.
+    UserPrompt::Button answer = UserPrompt::Keep;
+    if (!ExternalChangeBatch::answerFor(this, &answer))
+        answer = UserPrompt::ask(this, question);
     if (answer == UserPrompt::Reload) {
         if (!reloadFromDisk())
             setForcedModified(true);

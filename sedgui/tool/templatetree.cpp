@@ -1,6 +1,7 @@
 #include "templatetree.h"
 
 #include "sedgui.h"
+#include "tool/externalchangebatch.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -38,11 +39,13 @@ QWidget *TemplateTree::checkFileChanged()
     QWidget *changed = nullptr;
     // Copy: dealing with the user may close or open documents.
     const QList<SedGUI *> documents = m_documents;
+    // Every change is dealt with now, with at most one question: several
+    // questions are asked in one list.
+    ExternalChangeBatch batch(documents);
+    batch.ask();
     for (SedGUI *document : documents) {
-        if (m_documents.contains(document) && document->handleExternalChange()) {
+        if (m_documents.contains(document) && document->handleExternalChange() && !changed)
             changed = document;
-            break;
-        }
     }
     m_checking = false;
     return changed;

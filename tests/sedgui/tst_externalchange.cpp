@@ -1,15 +1,21 @@
 #include "../textcore/fileopsrunner.h"
+#include "dialogs/externalchangesdialog.h"
 #include "dialogs/infobar.h"
+#include "journalstore.h"
 #include "options/editorsettings.h"
 #include "promptrecorder.h"
 #include "sedgui.h"
 #include "templatetree.h"
 
 #include <QSaveFile>
+#include <QScopeGuard>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <Qsci/qsciscintilla.h>
+
+#include <memory>
+#include <vector>
 
 using namespace koru::sedgui;
 
@@ -120,6 +126,87 @@ private Q_SLOTS:
         QCOMPARE(changed(), m_tool);
         QCOMPARE(m_tool->editor()->text(), QStringLiteral("outside\n"));
         QCOMPARE(prompts.asked.size(), 1);
+    }
+    // Three files change at once, the middle one modified here: one list, no box.
+    void manyChangesOneQuestion_data()
+    {
+        QTest::addColumn<bool>("apply");         // Reload Checked; false: Keep All
+        QTest::addColumn<QList<bool>>("reload"); // the checks as the user leaves them
+        QTest::addColumn<QStringList>("texts");  // in the three editors afterwards
+        QTest::newRow("as offered") << true << QList{true, false, true}
+                                    << QStringList{"new 0\n", "mine\nold 1\n", "new 2\n"};
+        QTest::newRow("mine reloaded too, one kept")
+            << true << QList{false, true, true} << QStringList{"old 0\n", "new 1\n", "new 2\n"};
+        QTest::newRow("keep all") << false << QList{true, true, true}
+                                  << QStringList{"old 0\n", "mine\nold 1\n", "old 2\n"};
+    }
+    void manyChangesOneQuestion()
+    {
+        QFETCH(bool, apply);
+        QFETCH(QList<bool>, reload);
+        QFETCH(QStringList, texts);
+        PromptRecorder prompts;
+        std::vector<std::unique_ptr<SedGUI>> tools;
+        QStringList paths;
+        for (int i = 0; i < 3; ++i) {
+            paths.append(m_dir.filePath(QStringLiteral("many%1.txt").arg(i)));
+            tools.push_back(std::make_unique<SedGUI>());
+            QVERIFY(FileOpsRunner::writeFile(paths[i], "old " + QByteArray::number(i) + "\n"));
+            QVERIFY(tools[i]->openFile(paths[i], nullptr));
+        }
+        tools[1]->editor()->insertAt(QStringLiteral("mine\n"), 0, 0);
+        for (int i = 0; i < 3; ++i)
+            QVERIFY(renameOver(paths[i], "new " + QByteArray::number(i) + "\n"));
+        QList<QStringList> lists;
+        QList<bool> offered;
+        ExternalChangesDialog::setAnswerer(
+            [&](const QStringList &names, const QList<bool> &, QList<bool> *checks) {
+                lists.append(names);
+                offered = std::exchange(*checks, reload);
+                return apply;
+            });
+        const auto restore = qScopeGuard([] { ExternalChangesDialog::setAnswerer({}); });
+
+        QCOMPARE(changed(), tools[0].get());
+        QCOMPARE(lists, QList<QStringList>{paths});
+        QCOMPARE(offered, (QList<bool>{true, false, true})); // the modified one unchecked
+        QVERIFY(prompts.asked.isEmpty());
+        for (int i = 0; i < 3; ++i) {
+            QCOMPARE(tools[i]->editor()->text(), texts[i]);
+            QCOMPARE(tools[i]->isModified(), !texts[i].startsWith(QLatin1String("new")));
+        }
+        QCOMPARE(changed(), nullptr);
+        QCOMPARE(lists.size(), 1);
+    }
+    // Another editor's journal for the file tells that it has unsaved changes there.
+    void otherEditorsChangesAreFlagged_data()
+    {
+        QTest::addColumn<bool>("running"); // the other editor's store still exists
+        QTest::addColumn<QString>("name"); // of the file it edits
+        QTest::newRow("running, same file") << true << "watched.txt";
+        QTest::newRow("running, another file") << true << "other.txt";
+        QTest::newRow("ended") << false << "watched.txt";
+    }
+    void otherEditorsChangesAreFlagged()
+    {
+        QFETCH(bool, running);
+        QFETCH(QString, name);
+        const bool flagged = running && m_path.endsWith(name);
+        JournalOwner owner = JournalOwner::current();
+        owner.pid = 999993;
+        auto other = std::make_unique<JournalStore>(JournalStore::defaultFolder(), owner);
+        JournalEntry entry;
+        entry.documentId = other->newDocumentId();
+        entry.path = m_dir.filePath(name);
+        QVERIFY(other->write(entry, "theirs"));
+        if (!running)
+            other.reset();
+        QVERIFY(open("mine\n"));
+        const QString note = m_tool->infoBar()->message();
+        QCOMPARE(note.contains(QLatin1String("999993")), flagged);
+        QCOMPARE(note.contains(m_path), flagged);
+        if (other)
+            other->remove(entry.documentId);
     }
     void savingOverChangedFileAsks_data()
     {

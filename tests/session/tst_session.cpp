@@ -1,21 +1,27 @@
 #include "../sedgui/promptrecorder.h"
 #include "baseusrsettings.h"
 #include "dialogs/infobar.h"
+#include "journalstore.h"
 #include "mainwindow.h"
 #include "menuactionman.h"
 #include "options/editorsettings.h"
 #include "sedgui.h"
 #include "session/savechangesdialog.h"
 #include "session/sessionkeeper.h"
+#include "session/workkeeper.h"
 
 #include <QAction>
+#include <QDir>
 #include <QFile>
+#include <QMap>
 #include <QScopeGuard>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <Qsci/qsciscintilla.h>
+
+#include <memory>
 
 using namespace koru::sedgui;
 using Answer = SaveChangesDialog::Answer;
@@ -47,6 +53,33 @@ SedGUI *document(MainWindow &window, int tab)
     return qobject_cast<SedGUI *>(window.tabWidget()->widget(tab));
 }
 
+// This process's journals of files under `under` (and untitled ones) handed
+// to an editor that has ended, as the next start finds them: path -> text.
+QMap<QString, QByteArray> passToEndedEditor(const QString &under, bool *allKept)
+{
+    const QDir folder(JournalStore::defaultFolder());
+    JournalOwner ended = JournalOwner::current();
+    ended.pid = 999990;
+    JournalStore store(folder.path(), ended);
+    QMap<QString, QByteArray> texts;
+    *allKept = true;
+    for (const QString &name : folder.entryList({QStringLiteral("*.journal")}, QDir::Files)) {
+        QFile file(folder.filePath(name));
+        JournalEntry entry;
+        QByteArray text;
+        QString problem;
+        if (!file.open(QIODevice::ReadOnly) ||
+            !JournalStore::decode(file.readAll(), &entry, &text, &problem) ||
+            (!entry.path.isEmpty() && !entry.path.startsWith(under)))
+            continue;
+        *allKept = *allKept && entry.keptOnQuit;
+        texts.insert(entry.path, text);
+        entry.documentId = store.newDocumentId();
+        *allKept = *allKept && store.write(entry, text) && file.remove();
+    }
+    return texts;
+}
+
 } // namespace
 
 class TestSession : public QObject
@@ -70,19 +103,24 @@ void TestSession::batchCloseFollowsTheOneAnswer_data()
     QTest::addColumn<QList<bool>>("checks");
     QTest::addColumn<QList<bool>>("saved");
     QTest::addColumn<bool>("closes");
+    // The option to keep unsaved changes on quit without asking.
+    QTest::addColumn<bool>("keepOnQuit");
 
     QTest::newRow("quit, cancel") << false << Answer::Cancel << QList{true, true}
-                                  << QList{false, false} << false;
+                                  << QList{false, false} << false << false;
     QTest::newRow("quit, save all")
-        << false << Answer::Save << QList{true, true} << QList{true, true} << true;
+        << false << Answer::Save << QList{true, true} << QList{true, true} << true << false;
     QTest::newRow("quit, save the checked one")
-        << false << Answer::Save << QList{false, true} << QList{false, true} << true;
+        << false << Answer::Save << QList{false, true} << QList{false, true} << true << false;
     QTest::newRow("quit, discard all")
-        << false << Answer::DiscardAll << QList{true, true} << QList{false, false} << true;
+        << false << Answer::DiscardAll << QList{true, true} << QList{false, false} << true << false;
     QTest::newRow("close all, cancel")
-        << true << Answer::Cancel << QList{true, true} << QList{false, false} << false;
+        << true << Answer::Cancel << QList{true, true} << QList{false, false} << false << false;
     QTest::newRow("close all, save the checked one")
-        << true << Answer::Save << QList{true, false} << QList{true, false} << true;
+        << true << Answer::Save << QList{true, false} << QList{true, false} << true << false;
+    // Nothing asked, nothing saved, the window closes; the next start has it all back.
+    QTest::newRow("quit, kept without asking")
+        << false << Answer::Save << QList{true, true} << QList{false, false} << false << true;
 }
 
 // Three documents, two modified: one question, and nothing closes or is saved on Cancel.
@@ -93,16 +131,25 @@ void TestSession::batchCloseFollowsTheOneAnswer()
     QFETCH(QList<bool>, checks);
     QFETCH(QList<bool>, saved);
     QFETCH(bool, closes);
+    QFETCH(bool, keepOnQuit);
+    BaseUsrSettings("SRC_EDITOR").clear();
+    EditorSettings::Values options = EditorSettings::load();
+    options.keepWorkOnQuit = keepOnQuit;
+    QVERIFY(EditorSettings::store(options));
 
     QTemporaryDir dir;
-    MainWindow window({});
-    attach(window);
+    auto window = std::make_unique<MainWindow>(QStringList());
+    attach(*window);
     const QStringList paths{write(dir, "a.txt", "a\n"), write(dir, "b.txt", "b\n"),
                             write(dir, "c.txt", "c\n")};
     for (const QString &path : paths)
-        window.onOpenFile(path, 1);
+        window->onOpenFile(path, 1);
     for (int tab : {0, 2})
-        document(window, tab)->editor()->insertAt(QStringLiteral("new "), 0, 0);
+        document(*window, tab)->editor()->insertAt(QStringLiteral("new "), 0, 0);
+    if (keepOnQuit) {
+        window->onNewFile();
+        document(*window, 3)->editor()->setText(QStringLiteral("untitled text"));
+    }
 
     PromptRecorder oneDocumentPrompts;
     QStringList listed;
@@ -116,14 +163,40 @@ void TestSession::batchCloseFollowsTheOneAnswer()
     if (closeAll)
         MenuActionMan::instance()->findShellAction("FILE > CLOSE ALL")->trigger();
     else
-        window.close();
+        QCOMPARE(window->close(), closes || keepOnQuit);
 
-    QCOMPARE(listed, (QStringList{paths[0], paths[2]}));
+    QCOMPARE(listed, keepOnQuit ? QStringList() : (QStringList{paths[0], paths[2]}));
     QVERIFY(oneDocumentPrompts.asked.isEmpty());
-    QCOMPARE(window.tabWidget()->count(), closes ? 0 : 3);
+    QCOMPARE(window->tabWidget()->count(), closes ? 0 : keepOnQuit ? 4 : 3);
     QCOMPARE(read(paths[0]), saved[0] ? QByteArray("new a\n") : QByteArray("a\n"));
     QCOMPARE(read(paths[1]), QByteArray("b\n"));
     QCOMPARE(read(paths[2]), saved[1] ? QByteArray("new c\n") : QByteArray("c\n"));
+    if (!keepOnQuit)
+        return;
+
+    // The documents go with the window, their journals stay.
+    window.reset();
+    bool allKept = false;
+    const QMap<QString, QByteArray> journals = passToEndedEditor(dir.path(), &allKept);
+    QVERIFY(allKept);
+    QCOMPARE(journals,
+             (QMap<QString, QByteArray>{
+                 {QString(), "untitled text"}, {paths[0], "new a\n"}, {paths[2], "new c\n"}}));
+    MainWindow next({});
+    SessionKeeper *keeper = attach(next);
+    keeper->start(true);
+    // Would block on the recovery question if it asked.
+    (new WorkKeeper(&next))->offerRecovery();
+    QCOMPARE(next.tabWidget()->count(), 4);
+    const QStringList texts{"new a\n", "b\n", "new c\n", "untitled text"};
+    for (int tab = 0; tab < 4; ++tab) {
+        QCOMPARE(document(next, tab)->getFileName(), paths.value(tab));
+        QCOMPARE(document(next, tab)->editor()->text(), texts[tab]);
+        QCOMPARE(document(next, tab)->isModified(), tab != 1);
+    }
+    QCOMPARE(QDir(JournalStore::defaultFolder())
+                 .entryList({QStringLiteral("*999990*.journal")}, QDir::Files),
+             QStringList());
 }
 
 void TestSession::sessionComesBackWithoutVanishedFiles_data()

@@ -1,5 +1,6 @@
 #include "journalstore.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -215,13 +216,16 @@ void TstJournalStore::saveCutShortIsUndone_data()
 {
     QTest::addColumn<QByteArray>("left");
     QTest::addColumn<bool>("putBack");
+    // A save by rename killed before its rename leaves a temporary beside the file.
+    QTest::addColumn<bool>("temporary");
     const QByteArray old = "the old text of the file, line one\nline two\n";
     const QByteArray whole = "THE NEW TEXT, LONGER THAN THE OLD ONE WAS\nLINE TWO\nLINE THREE\n";
-    QTest::newRow("killed before writing") << old << false;
-    QTest::newRow("killed after writing") << whole << false;
-    QTest::newRow("killed halfway") << whole.left(20) + old.mid(20) << true;
-    QTest::newRow("killed before cutting to size") << whole.left(old.size() - 1) << true;
-    QTest::newRow("killed after cutting to zero") << QByteArray() << true;
+    QTest::newRow("killed before writing") << old << false << false;
+    QTest::newRow("killed after writing") << whole << false << false;
+    QTest::newRow("killed halfway") << whole.left(20) + old.mid(20) << true << false;
+    QTest::newRow("killed before cutting to size") << whole.left(old.size() - 1) << true << false;
+    QTest::newRow("killed after cutting to zero") << QByteArray() << true << false;
+    QTest::newRow("atomic path, killed before the rename") << old << false << true;
 }
 
 // A save killed in the middle of an in-place write (the seam: what the file
@@ -231,28 +235,43 @@ void TstJournalStore::saveCutShortIsUndone()
 {
     QFETCH(QByteArray, left);
     QFETCH(bool, putBack);
+    QFETCH(bool, temporary);
     const QByteArray old = "the old text of the file, line one\nline two\n";
     const QByteArray whole = "THE NEW TEXT, LONGER THAN THE OLD ONE WAS\nLINE TWO\nLINE THREE\n";
     QTemporaryDir dir;
     const QString folder = dir.filePath(QStringLiteral("journals"));
     const QString target = dir.filePath(QStringLiteral("file.txt"));
+    const QString temporaryPath = dir.filePath(QStringLiteral(".file.txt.x1y2.tmp"));
     writeAll(target, old);
+    // An old time, which the start puts back with the old text.
+    QFile(target).setFileTime(QDateTime::currentDateTime().addDays(-3),
+                              QFileDevice::FileModificationTime);
+    const FileIdentity before = FileIdentity::of(target);
     QString copy;
     {
         JournalStore crashed(folder, otherEditor(999995));
-        copy = crashed.keepOriginal(target, old, whole);
-        QCOMPARE(readAll(copy), old);
-        writeAll(target, left);
+        if (temporary) {
+            QVERIFY(!crashed.noteTemporary(temporaryPath).isEmpty());
+            writeAll(temporaryPath, whole.left(10));
+        } else {
+            copy = crashed.keepOriginal(target, old, whole);
+            QCOMPARE(readAll(copy), old);
+            writeAll(target, left);
+        }
     }
     JournalStore next(folder);
     const QList<JournalStore::Found> found = next.list();
     QCOMPARE(readAll(target), putBack ? old : left);
+    QVERIFY(!QFile::exists(temporaryPath));
+    if (readAll(target) == old)
+        QVERIFY(FileIdentity::of(target) == before);
     QCOMPARE(found.size(), putBack ? 1 : 0);
     if (putBack) {
         QCOMPARE(int(found.first().state), int(JournalStore::State::InterruptedSave));
         QCOMPARE(found.first().entry.path, target);
     }
-    QCOMPARE(QDir(folder).entryList({QStringLiteral("*.save"), QStringLiteral("*.original")},
+    QCOMPARE(QDir(folder).entryList({QStringLiteral("*.save"), QStringLiteral("*.original"),
+                                     QStringLiteral("*.temporary")},
                                     QDir::Files),
              QStringList());
 }
