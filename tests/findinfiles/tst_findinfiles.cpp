@@ -37,7 +37,13 @@ class FakeTool : public QWidget
 
 public:
     QString selection;
+    QList<QVariantList> selected;
     Q_INVOKABLE QString selectedText() const { return selection; }
+    Q_INVOKABLE bool selectRange(const QString &file, int line, int column, int length)
+    {
+        selected.append({file, line, column, length});
+        return true;
+    }
 };
 
 class TestFindInFiles : public QObject
@@ -192,6 +198,70 @@ private slots:
             QVERIFY(parsed.files.isEmpty());
             QCOMPARE(parsed.refused.size(), 1);
         }
+    }
+    // A double-click, Enter, F4 from the heading and Shift+F4 from the summary
+    // all open the one hit at its line and select its match.
+    void keysOpenTheHitLikeADoubleClick_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("line");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("column");
+        QTest::addColumn<int>("length");
+        QTest::newRow("plain") << "f.c"
+                               << "int needle;"
+                               << "needle" << 4 << 6;
+        QTest::newRow("a hit-like path") << "x(12):y/f(3).c"
+                                         << "(1):needle"
+                                         << "needle" << 4 << 6;
+        QTest::newRow("indent trimmed in the pane") << "f.c"
+                                                    << " \t x needle"
+                                                    << "needle" << 5 << 6;
+        QTest::newRow("text before the match outside the BMP")
+            << "f.c" << QString::fromUtf8("\xc3\xa4\xf0\x9f\x98\x80 needle") << "needle" << 4 << 6;
+        QTest::newRow("regular expression") << "f.c"
+                                            << "a neeedle"
+                                            << "ne+dle" << 2 << 7;
+        QTest::newRow("long line cut in the pane") << "f.c" << QString(4000, u'y') + " needle"
+                                                   << "needle" << 4001 << 6;
+    }
+    void keysOpenTheHitLikeADoubleClick()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, line);
+        QFETCH(QString, text);
+        QFETCH(int, column);
+        QFETCH(int, length);
+        QTemporaryDir dir;
+        const QString file = dir.filePath(name);
+        writeFile(file, "first\n" + line.toUtf8() + "\nlast\n");
+        SearchOptions options;
+        options.folder = dir.path();
+        options.text = text;
+        options.regularExpression = text != QLatin1String("needle");
+        QSignalSpy finished(m_fif->engine(), &SearchEngine::finished);
+        m_fif->startSearch(options);
+        QVERIFY(finished.wait());
+        ResultWindow *pane = m_fif->resultWindow();
+        QCOMPARE(pane->document()->blockCount(), 3); // heading, the hit, summary
+        const QTextBlock hit = pane->document()->findBlockByNumber(1);
+
+        const QPoint at = pane->cursorRect(QTextCursor(hit)).center();
+        QTest::mouseDClick(pane->viewport(), Qt::LeftButton, {}, at);
+        pane->setTextCursor(QTextCursor(hit));
+        QTest::keyClick(pane, Qt::Key_Return);
+        pane->setTextCursor(QTextCursor(pane->document()->firstBlock()));
+        m_fif->nextHitAction()->trigger();
+        QCOMPARE(pane->textCursor().blockNumber(), 1);
+        pane->setTextCursor(QTextCursor(pane->document()->lastBlock()));
+        m_fif->previousHitAction()->trigger();
+
+        const QList<std::pair<QString, int>> opened(4, {file, 2});
+        QCOMPARE(m_window->opened, opened);
+        const QList<QVariantList> selected(4, {file, 2, column, length});
+        QCOMPARE(m_tool->selected, selected);
+        QCOMPARE(m_fif->nextHitAction()->shortcut(), QKeySequence(Qt::Key_F4));
+        QCOMPARE(m_fif->previousHitAction()->shortcut(), QKeySequence(Qt::SHIFT | Qt::Key_F4));
     }
     void longLineKeepsTheMatchInView()
     {

@@ -162,7 +162,7 @@ private slots:
         for (const auto &hit : hits) {
             QVERIFY(!hit.text.contains(u'\n') && !hit.text.contains(u'\r'));
             const QString want = wanted.value(found.size()).section(u':', 1);
-            found << QString::number(hit.line) + u':' + hit.text.mid(hit.column, want.size());
+            found << QString::number(hit.line) + u':' + hit.text.mid(hit.column, hit.length);
         }
         QCOMPARE(found, wanted);
     }
