@@ -18,6 +18,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 // Stands in for the shell's window: the slot the pane's hits are connected to.
 class FakeWindow : public QMainWindow
 {
@@ -39,10 +41,9 @@ public:
     QString selection;
     QList<QVariantList> selected;
     Q_INVOKABLE QString selectedText() const { return selection; }
-    Q_INVOKABLE bool selectRange(const QString &file, int line, int column, int length)
+    Q_INVOKABLE void selectRange(const QString &file, int line, int column, int length)
     {
         selected.append({file, line, column, length});
-        return true;
     }
 };
 
@@ -199,69 +200,47 @@ private slots:
             QCOMPARE(parsed.refused.size(), 1);
         }
     }
-    // A double-click, Enter, F4 from the heading and Shift+F4 from the summary
-    // all open the one hit at its line and select its match.
+    // A double-click, Enter, F4 from the heading and Shift+F4 from the summary all open
+    // the hit at its line and select its match (in the file's line, not the pane's).
     void keysOpenTheHitLikeADoubleClick_data()
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("line");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("column");
-        QTest::addColumn<int>("length");
-        QTest::newRow("plain") << "f.c"
-                               << "int needle;"
-                               << "needle" << 4 << 6;
-        QTest::newRow("a hit-like path") << "x(12):y/f(3).c"
-                                         << "(1):needle"
-                                         << "needle" << 4 << 6;
-        QTest::newRow("indent trimmed in the pane") << "f.c"
-                                                    << " \t x needle"
-                                                    << "needle" << 5 << 6;
-        QTest::newRow("text before the match outside the BMP")
-            << "f.c" << QString::fromUtf8("\xc3\xa4\xf0\x9f\x98\x80 needle") << "needle" << 4 << 6;
-        QTest::newRow("regular expression") << "f.c"
-                                            << "a neeedle"
-                                            << "ne+dle" << 2 << 7;
-        QTest::newRow("long line cut in the pane") << "f.c" << QString(4000, u'y') + " needle"
-                                                   << "needle" << 4001 << 6;
+        QTest::addColumn<QVariantList>("span");
+        const QString beyondBmp = QString::fromUtf8("\xc3\xa4\xf0\x9f\x98\x80 ");
+        QTest::newRow("a hit-like path")
+            << u"x(2):y/f(3).c"_s << u"(1):neeedle;"_s << QVariantList{4, 7};
+        QTest::newRow("outside the BMP") << u"f.c"_s << beyondBmp + "needle" << QVariantList{4, 6};
+        QTest::newRow("long line")
+            << u"f.c"_s << QString(4000, u'y') + " needle" << QVariantList{4001, 6};
     }
     void keysOpenTheHitLikeADoubleClick()
     {
         QFETCH(QString, name);
         QFETCH(QString, line);
-        QFETCH(QString, text);
-        QFETCH(int, column);
-        QFETCH(int, length);
+        QFETCH(QVariantList, span);
         QTemporaryDir dir;
         const QString file = dir.filePath(name);
         writeFile(file, "first\n" + line.toUtf8() + "\nlast\n");
         SearchOptions options;
         options.folder = dir.path();
-        options.text = text;
-        options.regularExpression = text != QLatin1String("needle");
+        options.text = QStringLiteral("ne+dle");
+        options.regularExpression = true;
         QSignalSpy finished(m_fif->engine(), &SearchEngine::finished);
         m_fif->startSearch(options);
         QVERIFY(finished.wait());
         ResultWindow *pane = m_fif->resultWindow();
         QCOMPARE(pane->document()->blockCount(), 3); // heading, the hit, summary
-        const QTextBlock hit = pane->document()->findBlockByNumber(1);
-
-        const QPoint at = pane->cursorRect(QTextCursor(hit)).center();
-        QTest::mouseDClick(pane->viewport(), Qt::LeftButton, {}, at);
-        pane->setTextCursor(QTextCursor(hit));
+        const QTextCursor hit(pane->document()->findBlockByNumber(1));
+        QTest::mouseDClick(pane->viewport(), Qt::LeftButton, {}, pane->cursorRect(hit).center());
+        pane->setTextCursor(hit);
         QTest::keyClick(pane, Qt::Key_Return);
         pane->setTextCursor(QTextCursor(pane->document()->firstBlock()));
         m_fif->nextHitAction()->trigger();
-        QCOMPARE(pane->textCursor().blockNumber(), 1);
         pane->setTextCursor(QTextCursor(pane->document()->lastBlock()));
         m_fif->previousHitAction()->trigger();
-
-        const QList<std::pair<QString, int>> opened(4, {file, 2});
-        QCOMPARE(m_window->opened, opened);
-        const QList<QVariantList> selected(4, {file, 2, column, length});
-        QCOMPARE(m_tool->selected, selected);
-        QCOMPARE(m_fif->nextHitAction()->shortcut(), QKeySequence(Qt::Key_F4));
-        QCOMPARE(m_fif->previousHitAction()->shortcut(), QKeySequence(Qt::SHIFT | Qt::Key_F4));
+        QCOMPARE(m_window->opened, (QList<std::pair<QString, int>>(4, {file, 2})));
+        QCOMPARE(m_tool->selected, QList<QVariantList>(4, QVariantList{file, 2} + span));
     }
     void longLineKeepsTheMatchInView()
     {

@@ -421,71 +421,57 @@ private slots:
         QCOMPARE(collected.lines, QStringList{deep + QStringLiteral("/readable.txt(1):needle")});
     }
 
-    // Which files of a git work tree a search takes, by git's rules: nested
-    // files, negation, anchored patterns, info/exclude, and an ignored folder
-    // whose files no later rule brings back.
+    // Which files of a git work tree a search takes, from the top and from below it: nested
+    // files, negation, anchors, info/exclude, an ignored folder no later rule reopens.
     void gitIgnoreRulesDecideWhatIsSearched_data()
     {
         QTest::addColumn<QString>("file");
-        QTest::addColumn<bool>("respect");
         QTest::addColumn<bool>("searched");
-        const std::initializer_list<std::pair<const char *, bool>> rows{{"a.c", true},
-                                                                        {"x.log", false},
-                                                                        {"keep.log", true},
-                                                                        {"ignored/f.c", false},
-                                                                        {"ignored/keep.log", false},
-                                                                        {"sub/ignored/g.c", false},
-                                                                        {"rootonly.txt", false},
-                                                                        {"sub/rootonly.txt", true},
-                                                                        {"sub/y.tmp", false},
-                                                                        {"y.tmp", true},
-
-                                                                        {"excluded.c", false}};
-        for (const auto &[file, searched] : rows) {
-            QTest::newRow(file) << file << true << searched;
-            QTest::newRow(QByteArray(file).append(" (rules off)").constData())
-                << file << false << true;
+        for (const bool searched : {true, false}) {
+            for (const QString &file : gitFiles(searched))
+                QTest::newRow(qPrintable(file)) << file << searched;
         }
+        const QString root = m_gitTree.path() + QLatin1Char('/');
+        git_libgit2_init();
+        git_repository *repo = nullptr;
+        QCOMPARE(git_repository_init(&repo, QFile::encodeName(root).constData(), 0), 0);
+        git_repository_free(repo);
+        git_libgit2_shutdown();
+        writeFile(root + ".gitignore", "*.log\n!keep.log\nignored/\n/rootonly.txt\n");
+        writeFile(root + "sub/.gitignore", "*.tmp\n");
+        writeFile(root + ".git/info/exclude", "excluded.c\n");
+        for (const QString &file : gitFiles(true) + gitFiles(false))
+            writeFile(root + file, "needle\n");
     }
     void gitIgnoreRulesDecideWhatIsSearched()
     {
         QFETCH(QString, file);
-        QFETCH(bool, respect);
         QFETCH(bool, searched);
-        if (m_repo.isEmpty()) {
-            const QString root = m_gitTree.path() + QLatin1Char('/');
-            git_libgit2_init();
-            git_repository *repo = nullptr;
-            QCOMPARE(git_repository_init(&repo, QFile::encodeName(root).constData(), 0), 0);
-            git_repository_free(repo);
-            git_libgit2_shutdown();
-            writeFile(root + ".gitignore", "*.log\n!keep.log\nignored/\n/rootonly.txt\n");
-            writeFile(root + "sub/.gitignore", "*.tmp\n");
-            writeFile(root + ".git/info/exclude", "excluded.c\n");
-            for (const char *name :
-                 {"a.c", "x.log", "keep.log", "ignored/f.c", "ignored/keep.log", "sub/ignored/g.c",
-                  "rootonly.txt", "sub/rootonly.txt", "sub/y.tmp", "y.tmp", "excluded.c"})
-                writeFile(root + QLatin1String(name), "needle\n");
-            m_repo = root;
-        }
-        // From a folder below the top, as from the top.
+        const QDir top(m_gitTree.path());
         for (const QString &below : {QString(), QStringLiteral("sub/")}) {
-            if (!file.startsWith(below))
-                continue;
-            SearchOptions options = optionsFor(m_repo + below);
-            options.respectGitIgnore = respect;
-            QStringList walked;
-            FileWalker(options).walk([&](const QByteArray &path) {
-                walked.append(QDir(m_repo).relativeFilePath(QFile::decodeName(path)));
-                return true;
-            });
-            QCOMPARE(walked.contains(file), searched);
+            for (const bool respect : {true, false}) {
+                SearchOptions options = optionsFor(top.filePath(below));
+                options.respectGitIgnore = respect;
+                QStringList walked;
+                FileWalker(options).walk([&](const QByteArray &path) {
+                    walked.append(top.relativeFilePath(QFile::decodeName(path)));
+                    return true;
+                });
+                if (file.startsWith(below))
+                    QCOMPARE(walked.contains(file), searched || !respect);
+            }
         }
     }
 
 private:
+    static QStringList gitFiles(bool searched)
+    {
+        return QString::fromLatin1(searched ? "a.c keep.log sub/rootonly.txt y.tmp"
+                                            : "x.log ignored/f.c ignored/keep.log sub/ignored/g.c "
+                                              "rootonly.txt sub/y.tmp excluded.c")
+            .split(u' ');
+    }
     QTemporaryDir m_gitTree;
-    QString m_repo;
     QTemporaryDir m_tree;
 };
 
