@@ -1,5 +1,6 @@
 #include "filewalker.h"
 
+#include "gitignorefilter.h"
 #include "searchoptions.h"
 
 #include <QDir>
@@ -38,7 +39,15 @@ FileWalker::FileWalker(const SearchOptions &options)
     , m_includeGlobs(encodeGlobs(options.includeGlobs))
     , m_excludeGlobs(encodeGlobs(options.excludeGlobs))
     , m_includeHidden(options.includeHidden)
-{}
+{
+    if (options.respectGitIgnore) {
+        m_gitIgnore = std::make_unique<GitIgnoreFilter>(m_root);
+        if (!m_gitIgnore->isActive())
+            m_gitIgnore.reset();
+    }
+}
+
+FileWalker::~FileWalker() = default;
 
 bool FileWalker::isIncludedFile(const char *name) const
 {
@@ -74,6 +83,7 @@ bool FileWalker::enterFolder(const QByteArray &path, QList<QByteArray> &files,
     }
 
     const QByteArray prefix = path.endsWith('/') ? path : path + '/';
+    const qsizetype rootLength = m_root.endsWith('/') ? m_root.size() : m_root.size() + 1;
     while (const dirent *entry = readdir(dir)) {
         const char *name = entry->d_name;
         if (std::strcmp(name, ".") == 0 || std::strcmp(name, "..") == 0 || isExcluded(name))
@@ -85,10 +95,12 @@ bool FileWalker::enterFolder(const QByteArray &path, QList<QByteArray> &files,
                 continue; // a dangling link
             type = S_ISDIR(target.st_mode) ? DT_DIR : S_ISREG(target.st_mode) ? DT_REG : DT_UNKNOWN;
         }
-        if (type == DT_DIR)
-            folders.append(prefix + name);
-        else if (type == DT_REG && isIncludedFile(name))
-            files.append(prefix + name);
+        if (type != DT_DIR && (type != DT_REG || !isIncludedFile(name)))
+            continue;
+        const QByteArray entryPath = prefix + name;
+        if (m_gitIgnore && m_gitIgnore->isIgnored(entryPath.mid(rootLength), type == DT_DIR))
+            continue;
+        (type == DT_DIR ? folders : files).append(entryPath);
     }
     closedir(dir);
     std::sort(files.begin(), files.end());

@@ -12,6 +12,7 @@
 #include <QMetaObject>
 #include <QStatusBar>
 #include <QTabWidget>
+#include <QTextBlock>
 
 FindInFiles::FindInFiles(QMainWindow *window, QAction *findInFilesAction)
     : QObject(window)
@@ -25,7 +26,21 @@ FindInFiles::FindInFiles(QMainWindow *window, QAction *findInFilesAction)
         window->addAction(findInFilesAction);
     }
     connect(m_engine, &SearchEngine::hitsReady, this,
-            [this](const QString &lines) { showHits(lines); });
+            [this](const QString &lines, int, const HitSpans &spans) { showHits(lines, spans); });
+
+    // On the window, so that they work wherever the focus is in it.
+    m_nextHit = new QAction(tr("Next Search Hit"), this);
+    m_nextHit->setObjectName(QStringLiteral("FindInFilesNextHit"));
+    m_nextHit->setShortcut(QKeySequence(Qt::Key_F4));
+    m_previousHit = new QAction(tr("Previous Search Hit"), this);
+    m_previousHit->setObjectName(QStringLiteral("FindInFilesPreviousHit"));
+    m_previousHit->setShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F4));
+    for (QAction *action : {m_nextHit, m_previousHit}) {
+        action->setShortcutContext(Qt::WindowShortcut);
+        window->addAction(action);
+    }
+    connect(m_nextHit, &QAction::triggered, this, [this] { goToHit(1); });
+    connect(m_previousHit, &QAction::triggered, this, [this] { goToHit(-1); });
     connect(m_engine, &SearchEngine::progress, this, &FindInFiles::showProgress);
     connect(m_engine, &SearchEngine::finished, this, &FindInFiles::searchFinished);
 }
@@ -97,6 +112,46 @@ void FindInFiles::ensureResultWindow()
     // By signature: the window's class is not known here.
     QObject::connect(m_results, "2sigOpenFile(QString,int)", m_window, "1onOpenFile(QString,int)");
     connect(m_results, &ResultWindow::sigForceStopFindInFiles, this, &FindInFiles::stopSearch);
+    // Connected after the window's slot, so the hit's file is open by then.
+    connect(m_results, &ResultWindow::sigOpenFile, this, &FindInFiles::selectMatch);
+}
+
+HitSpan FindInFiles::spanAt(int paneLine) const
+{
+    return paneLine >= 0 && paneLine < m_spans.size() ? m_spans.at(paneLine) : HitSpan();
+}
+
+void FindInFiles::goToHit(int step)
+{
+    if (!m_results)
+        return;
+    const QTextDocument *pane = m_results->document();
+    const int lines = pane->blockCount();
+    const int from = m_results->textCursor().blockNumber();
+    for (int i = 1; i <= lines; ++i) {
+        const int line = ((from + i * step) % lines + lines) % lines;
+        if (!spanAt(line).isValid())
+            continue;
+        m_dock->show();
+        m_dock->raise();
+        m_results->openLineAt(QTextCursor(pane->findBlockByNumber(line)));
+        return;
+    }
+    showStatus(tr("No search hits"), 3000);
+}
+
+void FindInFiles::selectMatch(const QString &file, int line)
+{
+    const HitSpan span = spanAt(m_results->textCursor().blockNumber());
+    const auto *tabs = qobject_cast<QTabWidget *>(m_window->centralWidget());
+    QWidget *front = tabs ? tabs->currentWidget() : nullptr;
+    if (file.isEmpty() || !span.isValid() || !front ||
+        front->metaObject()->indexOfMethod("selectRange(QString,int,int,int)") < 0)
+        return;
+    // The tool checks that it shows that file: if the open failed, the tool in
+    // front is another document.
+    QMetaObject::invokeMethod(front, "selectRange", Qt::DirectConnection, Q_ARG(QString, file),
+                              Q_ARG(int, line), Q_ARG(int, span.column), Q_ARG(int, span.length));
 }
 
 void FindInFiles::startSearch(const SearchOptions &options)
@@ -104,6 +159,7 @@ void FindInFiles::startSearch(const SearchOptions &options)
     ensureResultWindow();
     m_engine->stop();
     m_results->clear();
+    m_spans.clear();
     m_results->appendPlainText(HitFormatter::noteLine(headingFor(options)));
     m_dock->show();
     m_dock->raise();
@@ -120,10 +176,15 @@ void FindInFiles::stopSearch()
     m_engine->stop();
 }
 
-void FindInFiles::showHits(const QString &lines)
+void FindInFiles::showHits(const QString &lines, const HitSpans &spans)
 {
     if (!m_results)
         return;
+    // The lines take the pane's next line numbers (the first one when the pane
+    // was cleared), one per hit: the formatter keeps each hit on one line.
+    const QTextDocument *pane = m_results->document();
+    m_spans.resize(pane->isEmpty() ? 0 : pane->blockCount());
+    m_spans.append(spans);
     // appendPlainText keeps following the end only while the view is at the end.
     m_results->appendPlainText(lines);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "findinfilesdialog.h"
+#include "hitspan.h"
 #include "resultwindow.h"
 #include "searchoptions.h"
 #include "searchsummary.h"
@@ -18,8 +19,10 @@ class SearchEngine;
 // search streams its hits into a result pane in a dock at the bottom (made on
 // first use), the status bar shows progress and the outcome. A double-clicked
 // hit goes to the window's onOpenFile(QString,int) slot, connected by its
-// signature so that nothing here depends on the window's class. Owned by the
-// window.
+// signature so that nothing here depends on the window's class; the tool then
+// in front is asked to select the match (its selectRange method, called by
+// name). F4 and Shift+F4 go to the next and previous hit from anywhere in the
+// window. Owned by the window.
 class FindInFiles : public QObject
 {
     Q_OBJECT
@@ -35,6 +38,12 @@ public:
     FindInFilesDialog *dialog() const { return m_dialog; }
     ResultWindow *resultWindow() const { return m_results; }
     SearchEngine *engine() const { return m_engine; }
+    QAction *nextHitAction() const { return m_nextHit; }
+    QAction *previousHitAction() const { return m_previousHit; }
+
+    // Selects the next (step 1) or previous (step -1) hit line of the pane
+    // after the pane's caret, wrapping around, and opens it.
+    void goToHit(int step);
 
     // The pane's first line for a search.
     static QString headingFor(const SearchOptions &options);
@@ -44,7 +53,9 @@ public:
 private:
     void ensureResultWindow();
     QString frontToolSelection() const;
-    void showHits(const QString &lines);
+    void showHits(const QString &lines, const HitSpans &spans);
+    HitSpan spanAt(int paneLine) const;
+    void selectMatch(const QString &file, int line);
     void showProgress(qint64 filesSearched, qint64 hits);
     void searchFinished(const SearchSummary &summary);
     void showStatus(const QString &text, int timeoutMs = 0);
@@ -55,4 +66,9 @@ private:
     QPointer<QDockWidget> m_dock;
     QPointer<ResultWindow> m_results;
     QString m_lastWorkingFolder;
+    QAction *m_nextHit = nullptr;
+    QAction *m_previousHit = nullptr;
+    // The span of each line of the pane, by line number; lines past its end
+    // and lines without a valid span are not hits.
+    HitSpans m_spans;
 };

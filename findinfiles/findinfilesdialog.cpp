@@ -64,8 +64,11 @@ FindInFilesDialog::FindInFilesDialog(QWidget *parent)
     m_wholeWord = new QCheckBox(tr("&Whole words"), this);
     m_regex = new QCheckBox(tr("Regular e&xpression"), this);
     m_hidden = new QCheckBox(tr("Search &hidden files"), this);
+    m_gitIgnore = new QCheckBox(tr("Respect .&gitignore"), this);
+    m_gitIgnore->setToolTip(
+        tr("In a git working tree, skip the files and folders that git ignores"));
     auto *optionsRow = new QHBoxLayout;
-    for (QCheckBox *box : {m_caseSensitive, m_wholeWord, m_regex, m_hidden})
+    for (QCheckBox *box : {m_caseSensitive, m_wholeWord, m_regex, m_hidden, m_gitIgnore})
         optionsRow->addWidget(box);
     optionsRow->addStretch(1);
 
@@ -104,6 +107,7 @@ SearchOptions FindInFilesDialog::options() const
     options.caseSensitive = m_caseSensitive->isChecked();
     options.wholeWord = m_wholeWord->isChecked();
     options.includeHidden = m_hidden->isChecked();
+    options.respectGitIgnore = m_gitIgnore->isChecked();
     options.folder = folder();
     options.includeGlobs = SearchOptions::splitGlobs(m_include->text());
     options.excludeGlobs = SearchOptions::splitGlobs(m_exclude->text());
@@ -188,6 +192,7 @@ void FindInFilesDialog::loadSettings()
     m_caseSensitive->setChecked(settings.value(QLatin1String(Keys::CaseSensitive), false).toBool());
     m_wholeWord->setChecked(settings.value(QLatin1String(Keys::WholeWord), false).toBool());
     m_hidden->setChecked(settings.value(QLatin1String(Keys::IncludeHidden), false).toBool());
+    m_gitIgnore->setChecked(settings.value(QLatin1String(Keys::RespectGitIgnore), true).toBool());
     m_include->setText(settings.value(QLatin1String(Keys::IncludeGlobs)).toString());
     const QVariant exclude = settings.value(QLatin1String(Keys::ExcludeGlobs));
     m_exclude->setText(exclude.isValid() ? exclude.toString()
@@ -217,6 +222,7 @@ void FindInFilesDialog::saveSettings()
     settings.setValue(QLatin1String(Keys::CaseSensitive), m_caseSensitive->isChecked());
     settings.setValue(QLatin1String(Keys::WholeWord), m_wholeWord->isChecked());
     settings.setValue(QLatin1String(Keys::IncludeHidden), m_hidden->isChecked());
+    settings.setValue(QLatin1String(Keys::RespectGitIgnore), m_gitIgnore->isChecked());
     settings.setValue(QLatin1String(Keys::IncludeGlobs), m_include->text());
     settings.setValue(QLatin1String(Keys::ExcludeGlobs), m_exclude->text());
 }

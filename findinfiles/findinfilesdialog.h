@@ -49,6 +49,7 @@ private:
     QCheckBox *m_caseSensitive = nullptr;
     QCheckBox *m_wholeWord = nullptr;
     QCheckBox *m_hidden = nullptr;
+    QCheckBox *m_gitIgnore = nullptr;
     QLineEdit *m_folder = nullptr;
     QLineEdit *m_include = nullptr;
     QLineEdit *m_exclude = nullptr;

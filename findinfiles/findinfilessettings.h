@@ -10,6 +10,7 @@ inline constexpr char Regex[] = "RegularExpression";
 inline constexpr char CaseSensitive[] = "CaseSensitive";
 inline constexpr char WholeWord[] = "WholeWord";
 inline constexpr char IncludeHidden[] = "IncludeHidden";
+inline constexpr char RespectGitIgnore[] = "RespectGitIgnore";
 inline constexpr char IncludeGlobs[] = "IncludeGlobs";
 inline constexpr char ExcludeGlobs[] = "ExcludeGlobs";
 

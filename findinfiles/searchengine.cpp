@@ -10,6 +10,7 @@
 #include <QMetaObject>
 
 #include <chrono>
+#include <climits>
 #include <condition_variable>
 #include <deque>
 #include <mutex>
@@ -35,6 +36,7 @@ struct SearchEngine::Run
     struct Batch
     {
         QString lines;
+        HitSpans spans;
         int count = 0;
     };
 
@@ -182,6 +184,8 @@ void SearchEngine::runSearch(const std::shared_ptr<Run> &run)
             if (batch.count > 0)
                 batch.lines += QLatin1Char('\n');
             batch.lines += HitFormatter::hitLine(file, hit.line, hit.text, hit.column);
+            batch.spans.append({int(std::min<qsizetype>(hit.column, INT_MAX)),
+                                int(std::min<qsizetype>(hit.length, INT_MAX))});
             ++batch.count;
             if (batch.count >= BatchHits) {
                 handOver();
@@ -260,7 +264,7 @@ void SearchEngine::deliver(const std::shared_ptr<Run> &run)
         }
         run->roomFreed.notify_one();
         run->hitsDelivered += batch.count;
-        emit hitsReady(batch.lines, batch.count);
+        emit hitsReady(batch.lines, batch.count, batch.spans);
         if (run != m_run)
             return; // a slot started another search or stopped this one
         if (slice.elapsed() >= DeliverySliceMs) {

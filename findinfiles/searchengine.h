@@ -1,6 +1,7 @@
 #pragma once
 
 #include "filescanner.h"
+#include "hitspan.h"
 #include "searchoptions.h"
 #include "searchsummary.h"
 
@@ -43,8 +44,9 @@ public:
 
 signals:
     void started(const SearchOptions &options);
-    // Hit lines "file(line):text", joined by line feeds.
-    void hitsReady(const QString &lines, int count);
+    // Hit lines "file(line):text", joined by line feeds, and where each
+    // line's match lies in the file's line.
+    void hitsReady(const QString &lines, int count, const HitSpans &spans);
     void progress(qint64 filesSearched, qint64 hits);
     void finished(const SearchSummary &summary);
 

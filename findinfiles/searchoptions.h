@@ -18,6 +18,8 @@ struct SearchOptions
     // File and folder-name globs that are never searched or entered.
     QStringList excludeGlobs = defaultExcludeGlobs();
     bool includeHidden = false;
+    // Skips what git ignores when the folder lies in a git work tree.
+    bool respectGitIgnore = true;
 
     // Hits beyond this many are counted but not written out: a pane of a few
     // hundred thousand lines is already more than anyone reads, and each line

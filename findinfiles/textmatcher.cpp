@@ -119,6 +119,7 @@ bool TextMatcher::findLines(QByteArrayView utf8, const HitSink &sink,
             const char *lineBreak = lineBreakFrom(lineStart, end);
             hit.text = QString::fromUtf8(lineStart, lineBreak - lineStart);
             hit.column = utf16Length(lineStart, begin + match.begin);
+            hit.length = utf16Length(begin + match.begin, std::min(begin + match.end, lineBreak));
             if (!sink(hit))
                 return false;
             // The rest of the line needs no search; a match that reaches into

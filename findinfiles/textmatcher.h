@@ -25,6 +25,7 @@ public:
         qint64 line = 0;      // 1-based
         QString text;         // the whole line, without its line break
         qsizetype column = 0; // where the first match starts in text
+        qsizetype length = 0; // its length in text, up to the line's end
     };
 
     explicit TextMatcher(const SearchOptions &options);

@@ -214,6 +214,18 @@
         <source>; search stopped</source>
         <translation>; Suche angehalten</translation>
     </message>
+    <message>
+        <source>Next Search Hit</source>
+        <translation>Nächster Suchtreffer</translation>
+    </message>
+    <message>
+        <source>Previous Search Hit</source>
+        <translation>Vorheriger Suchtreffer</translation>
+    </message>
+    <message>
+        <source>No search hits</source>
+        <translation>Keine Suchtreffer</translation>
+    </message>
 </context>
 <context>
     <name>FindInFilesDialog</name>
@@ -276,6 +288,14 @@
     <message>
         <source>The folder %1 does not exist.</source>
         <translation>Der Ordner %1 existiert nicht.</translation>
+    </message>
+    <message>
+        <source>Respect .&amp;gitignore</source>
+        <translation>.gitignore bea&amp;chten</translation>
+    </message>
+    <message>
+        <source>In a git working tree, skip the files and folders that git ignores</source>
+        <translation>In einem Git-Arbeitsverzeichnis die Dateien und Ordner überspringen, die Git ignoriert</translation>
     </message>
 </context>
 <context>

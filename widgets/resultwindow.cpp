@@ -1,6 +1,7 @@
 #include "resultwindow.h"
 
 #include <QContextMenuEvent>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QRegularExpression>
@@ -12,6 +13,8 @@ ResultWindow::ResultWindow(QWidget *parent)
 {
     setReadOnly(true);
     setLineWrapMode(QPlainTextEdit::NoWrap);
+    // A caret the arrow keys move, so that Enter has a line to open.
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
 }
 
 void ResultWindow::openResultLine(const QString &text)
@@ -37,9 +40,26 @@ void ResultWindow::stopSearch()
 void ResultWindow::mouseDoubleClickEvent(QMouseEvent *event)
 {
     // The whole line is the unit here, so the base class's word selection is not run.
-    QTextCursor cursor = cursorForPosition(mapFromGlobal(event->globalPosition().toPoint()));
-    cursor.select(QTextCursor::LineUnderCursor);
+    openLineAt(cursorForPosition(mapFromGlobal(event->globalPosition().toPoint())));
+}
+
+void ResultWindow::keyPressEvent(QKeyEvent *event)
+{
+    if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) &&
+        (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier) {
+        openLineAt(textCursor());
+        return;
+    }
+    QPlainTextEdit::keyPressEvent(event);
+}
+
+void ResultWindow::openLineAt(QTextCursor cursor)
+{
+    cursor.clearSelection();
+    cursor.movePosition(QTextCursor::StartOfBlock);
+    cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
     setTextCursor(cursor);
+    ensureCursorVisible();
     openResultLine(cursor.block().text());
 }
 

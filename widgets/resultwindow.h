@@ -1,9 +1,11 @@
 #pragma once
 
 #include <QPlainTextEdit>
+#include <QTextCursor>
 
 // A read-only pane of find-in-files hits, one "file(line):text" per line.
-// Double-clicking a hit selects its line and emits sigOpenFile; the context
+// Double-clicking a hit, or Enter on it, selects its line and emits
+// sigOpenFile; the arrow keys move through the lines. The context
 // menu can clear the pane and ask the running search to stop. The pane
 // neither searches nor opens files: whoever shows it fills and connects it.
 class ResultWindow : public QPlainTextEdit
@@ -16,6 +18,8 @@ public:
     // Parses one paragraph and emits sigOpenFile with its file and line; a
     // paragraph that is not a hit emits an empty file name and line 0.
     void openResultLine(const QString &text);
+    // Selects the line of cursor, and opens it as above.
+    void openLineAt(QTextCursor cursor);
 
 signals:
     void sigOpenFile(QString file, int line);
@@ -27,5 +31,6 @@ public slots:
 
 protected:
     void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
 };

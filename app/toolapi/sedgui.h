@@ -115,6 +115,12 @@ public:
     // whitespace when the user asked for it).
     void prepareForSave();
 
+    // Find in Files: selects length characters (UTF-16 code units) from column
+    // (0-based) of line (1-based), with the caret at the match, when file
+    // (as the result pane writes names) is this document's file. Returns
+    // whether it did; called by name, as Find in Files cannot see this class.
+    Q_INVOKABLE bool selectRange(const QString &file, int line, int column, int length);
+
 public Q_SLOTS:
     void saveFile() override;
     void saveFileAs();

@@ -18,6 +18,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 // Stands in for the shell's window: the slot the pane's hits are connected to.
 class FakeWindow : public QMainWindow
 {
@@ -37,7 +39,12 @@ class FakeTool : public QWidget
 
 public:
     QString selection;
+    QList<QVariantList> selected;
     Q_INVOKABLE QString selectedText() const { return selection; }
+    Q_INVOKABLE void selectRange(const QString &file, int line, int column, int length)
+    {
+        selected.append({file, line, column, length});
+    }
 };
 
 class TestFindInFiles : public QObject
@@ -192,6 +199,48 @@ private slots:
             QVERIFY(parsed.files.isEmpty());
             QCOMPARE(parsed.refused.size(), 1);
         }
+    }
+    // A double-click, Enter, F4 from the heading and Shift+F4 from the summary all open
+    // the hit at its line and select its match (in the file's line, not the pane's).
+    void keysOpenTheHitLikeADoubleClick_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("line");
+        QTest::addColumn<QVariantList>("span");
+        const QString beyondBmp = QString::fromUtf8("\xc3\xa4\xf0\x9f\x98\x80 ");
+        QTest::newRow("a hit-like path")
+            << u"x(2):y/f(3).c"_s << u"(1):neeedle;"_s << QVariantList{4, 7};
+        QTest::newRow("outside the BMP") << u"f.c"_s << beyondBmp + "needle" << QVariantList{4, 6};
+        QTest::newRow("long line")
+            << u"f.c"_s << QString(4000, u'y') + " needle" << QVariantList{4001, 6};
+    }
+    void keysOpenTheHitLikeADoubleClick()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, line);
+        QFETCH(QVariantList, span);
+        QTemporaryDir dir;
+        const QString file = dir.filePath(name);
+        writeFile(file, "first\n" + line.toUtf8() + "\nlast\n");
+        SearchOptions options;
+        options.folder = dir.path();
+        options.text = QStringLiteral("ne+dle");
+        options.regularExpression = true;
+        QSignalSpy finished(m_fif->engine(), &SearchEngine::finished);
+        m_fif->startSearch(options);
+        QVERIFY(finished.wait());
+        ResultWindow *pane = m_fif->resultWindow();
+        QCOMPARE(pane->document()->blockCount(), 3); // heading, the hit, summary
+        const QTextCursor hit(pane->document()->findBlockByNumber(1));
+        QTest::mouseDClick(pane->viewport(), Qt::LeftButton, {}, pane->cursorRect(hit).center());
+        pane->setTextCursor(hit);
+        QTest::keyClick(pane, Qt::Key_Return);
+        pane->setTextCursor(QTextCursor(pane->document()->firstBlock()));
+        m_fif->nextHitAction()->trigger();
+        pane->setTextCursor(QTextCursor(pane->document()->lastBlock()));
+        m_fif->previousHitAction()->trigger();
+        QCOMPARE(m_window->opened, (QList<std::pair<QString, int>>(4, {file, 2})));
+        QCOMPARE(m_tool->selected, QList<QVariantList>(4, QVariantList{file, 2} + span));
     }
     void longLineKeepsTheMatchInView()
     {

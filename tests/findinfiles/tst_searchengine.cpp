@@ -1,5 +1,6 @@
 #include "../textcore/searchpatterns.h"
 #include "filescanner.h"
+#include "filewalker.h"
 #include "findinfiles.h"
 #include "iconvcodec.h"
 #include "searchengine.h"
@@ -12,6 +13,7 @@
 
 #include <climits>
 #include <fcntl.h>
+#include <git2.h>
 #include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -162,7 +164,7 @@ private slots:
         for (const auto &hit : hits) {
             QVERIFY(!hit.text.contains(u'\n') && !hit.text.contains(u'\r'));
             const QString want = wanted.value(found.size()).section(u':', 1);
-            found << QString::number(hit.line) + u':' + hit.text.mid(hit.column, want.size());
+            found << QString::number(hit.line) + u':' + hit.text.mid(hit.column, hit.length);
         }
         QCOMPARE(found, wanted);
     }
@@ -419,7 +421,57 @@ private slots:
         QCOMPARE(collected.lines, QStringList{deep + QStringLiteral("/readable.txt(1):needle")});
     }
 
+    // Which files of a git work tree a search takes, from the top and from below it: nested
+    // files, negation, anchors, info/exclude, an ignored folder no later rule reopens.
+    void gitIgnoreRulesDecideWhatIsSearched_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<bool>("searched");
+        for (const bool searched : {true, false}) {
+            for (const QString &file : gitFiles(searched))
+                QTest::newRow(qPrintable(file)) << file << searched;
+        }
+        const QString root = m_gitTree.path() + QLatin1Char('/');
+        git_libgit2_init();
+        git_repository *repo = nullptr;
+        QCOMPARE(git_repository_init(&repo, QFile::encodeName(root).constData(), 0), 0);
+        git_repository_free(repo);
+        git_libgit2_shutdown();
+        writeFile(root + ".gitignore", "*.log\n!keep.log\nignored/\n/rootonly.txt\n");
+        writeFile(root + "sub/.gitignore", "*.tmp\n");
+        writeFile(root + ".git/info/exclude", "excluded.c\n");
+        for (const QString &file : gitFiles(true) + gitFiles(false))
+            writeFile(root + file, "needle\n");
+    }
+    void gitIgnoreRulesDecideWhatIsSearched()
+    {
+        QFETCH(QString, file);
+        QFETCH(bool, searched);
+        const QDir top(m_gitTree.path());
+        for (const QString &below : {QString(), QStringLiteral("sub/")}) {
+            for (const bool respect : {true, false}) {
+                SearchOptions options = optionsFor(top.filePath(below));
+                options.respectGitIgnore = respect;
+                QStringList walked;
+                FileWalker(options).walk([&](const QByteArray &path) {
+                    walked.append(top.relativeFilePath(QFile::decodeName(path)));
+                    return true;
+                });
+                if (file.startsWith(below))
+                    QCOMPARE(walked.contains(file), searched || !respect);
+            }
+        }
+    }
+
 private:
+    static QStringList gitFiles(bool searched)
+    {
+        return QString::fromLatin1(searched ? "a.c keep.log sub/rootonly.txt y.tmp"
+                                            : "x.log ignored/f.c ignored/keep.log sub/ignored/g.c "
+                                              "rootonly.txt sub/y.tmp excluded.c")
+            .split(u' ');
+    }
+    QTemporaryDir m_gitTree;
     QTemporaryDir m_tree;
 };
 
