@@ -1,7 +1,7 @@
+#include "editing/editorcommands.h"
 #include "filenameescape.h"
 #include "sedgui.h"
 #include "tool/documentstate.h"
-#include "tool/editorcommands.h"
 
 #include <QFileInfo>
 
