@@ -13,6 +13,7 @@ namespace koru::sedgui {
 
 class DocumentJournal;
 struct DocumentState;
+class EditorColours;
 class Indentation;
 class InfoBar;
 class StatusStrip;
@@ -179,6 +180,8 @@ private:
     // Recovery journal (tool/documentjournal.h): keeps the unsaved text on disk.
     friend class DocumentJournal;
     DocumentJournal *m_journal = nullptr;
+    // Colour schemes (tool/editorcolours.h): the scheme on the text view.
+    EditorColours *m_colours = nullptr;
 };
 
 } // namespace koru::sedgui

@@ -10,6 +10,7 @@
 #include "tool/documentjournal.h"
 #include "tool/documentstate.h"
 #include "tool/editoractions.h"
+#include "tool/editorcolours.h"
 #include "tool/editorcommands.h"
 #include "tool/indentation.h"
 #include "tool/typingassist.h"
@@ -176,6 +177,7 @@ SedGUI::SedGUI(QWidget *parent)
 
     m_indentation = new Indentation(m_editor, this);
     m_typing = new TypingAssist(m_editor, this);
+    m_colours = new EditorColours(m_editor, this);
     applySettings();
     m_statusStrip = new StatusStrip(
         this, findChild<EditorActions *>(QString(), Qt::FindDirectChildrenOnly), m_indentation);

@@ -10,6 +10,7 @@
 #include "textfilecodec.h"
 #include "tool/documentjournal.h"
 #include "tool/documentstate.h"
+#include "tool/editorcolours.h"
 #include "tool/indentation.h"
 #include "tool/languagelexers.h"
 
@@ -235,6 +236,7 @@ void SedGUI::setHugeLines(bool huge)
     m_doc->hugeLines = huge;
     if (huge) {
         m_editor->setLexer(nullptr);
+        m_colours->apply();
         m_editor->setWrapMode(QsciScintilla::WrapNone);
         m_editor->setBraceMatching(QsciScintilla::NoBraceMatch);
         m_editor->SendScintilla(QsciScintillaBase::SCI_SETLAYOUTCACHE,
@@ -269,6 +271,7 @@ void SedGUI::applyLanguage(const QString &name)
     // setLexer(nullptr) forgets the widget's own font; give it back.
     if (!lexer && old)
         m_editor->setFont(old->defaultFont());
+    m_colours->apply();
     delete old;
     m_doc->language = lexer ? language : QString();
     m_indentation->setLanguage(m_doc->language);

@@ -2,11 +2,10 @@
 #include "sedgui.h"
 #include "tool/drophandler.h"
 #include "tool/editoractions.h"
+#include "tool/editorcolours.h"
 #include "tool/editorcommands.h"
 #include "tool/indentation.h"
 #include "tool/typingassist.h"
-
-#include <QPalette>
 
 #include <Qsci/qscilexer.h>
 #include <Qsci/qsciscintilla.h>
@@ -68,15 +67,11 @@ void SedGUI::applySettings()
     editor->setWhitespaceVisibility(values.showWhitespace ? QsciScintilla::WsVisible
                                                           : QsciScintilla::WsInvisible);
     editor->setCaretLineVisible(values.highlightCurrentLine);
-    const QColor highlight = palette().color(QPalette::Highlight);
-    const QColor base = palette().color(QPalette::Base);
-    editor->setCaretLineBackgroundColor(
-        QColor::fromRgbF(float(base.redF() * 0.9 + highlight.redF() * 0.1),
-                         float(base.greenF() * 0.9 + highlight.greenF() * 0.1),
-                         float(base.blueF() * 0.9 + highlight.blueF() * 0.1)));
     editor->setBraceMatching(values.braceMatching ? QsciScintilla::SloppyBraceMatch
                                                   : QsciScintilla::NoBraceMatch);
     editor->setFolding(QsciScintilla::BoxedTreeFoldStyle);
+    // After the folding, which gives its markers their own colours.
+    m_colours->setSchemeId(values.colourScheme);
 
     if (!findChild<DropHandler *>(QString(), Qt::FindDirectChildrenOnly)) {
         new DropHandler(editor->viewport(), this);
