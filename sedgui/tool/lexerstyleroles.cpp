@@ -45,8 +45,8 @@ const Words s_words[] = {
      {"secondary",  "set 2",       "global class", "class",    "type",         "standard",
       "predefined", "built",       "function",     "extended", "user defined", "tk ",
       "intrinsic",  "system task", "package",      "module",   "property",     "attribute",
-      "tag",        "selector",    "pseudo",       "label",    "key",          "emphasis",
-      "strike",     "special",     "lifetime",     "section",  "group",        "array"}},
+      "tag",        "selector",    "pseudo",       "label",    "emphasis",     "strike",
+      "special",    "lifetime",    "section",      "group",    "array"}},
     {ColourScheme::Keyword, {"keyword", "word", "command", "reserved", "instruction", "block"}},
     {ColourScheme::Identifier,
      {"identifier", "variable", "name", "parameter", "scalar", "instance", "substitution",
@@ -65,8 +65,8 @@ const QHash<QByteArray, QHash<int, Role>> &s_styles()
          {{15, ColourScheme::Character}, {23, ColourScheme::Character}, {18, ColourScheme::Type}}},
         // Rule targets.
         {"makefile", {{5, ColourScheme::Keyword}}},
-        // [Section] lines.
-        {"props", {{2, ColourScheme::Keyword}}},
+        // [Section] lines and keys.
+        {"props", {{2, ColourScheme::Keyword}, {5, ColourScheme::Type}}},
         // Headings.
         {"markdown",
          {{6, ColourScheme::Keyword},
