@@ -9,8 +9,6 @@ namespace koru::sedgui {
 
 namespace {
 
-const char *const s_context = "koru::sedgui::ColourScheme";
-
 const QString s_automatic = QStringLiteral("automatic");
 const QString s_light = QStringLiteral("light");
 const QString s_dark = QStringLiteral("dark");
@@ -48,14 +46,15 @@ QStringList ColourScheme::ids()
 QString ColourScheme::displayName(const QString &id)
 {
     if (id == s_light)
-        return QCoreApplication::translate(s_context, "Light");
+        return QCoreApplication::translate("koru::sedgui::ColourScheme", "Light");
     if (id == s_dark)
-        return QCoreApplication::translate(s_context, "Dark");
+        return QCoreApplication::translate("koru::sedgui::ColourScheme", "Dark");
     if (id == s_highContrastLight)
-        return QCoreApplication::translate(s_context, "High contrast light");
+        return QCoreApplication::translate("koru::sedgui::ColourScheme", "High contrast light");
     if (id == s_highContrastDark)
-        return QCoreApplication::translate(s_context, "High contrast dark");
-    return QCoreApplication::translate(s_context, "Automatic (follows the desktop)");
+        return QCoreApplication::translate("koru::sedgui::ColourScheme", "High contrast dark");
+    return QCoreApplication::translate("koru::sedgui::ColourScheme",
+                                       "Automatic (follows the desktop)");
 }
 
 bool ColourScheme::isDark(const QPalette &palette)
