@@ -4,6 +4,8 @@
 #include "searchcore.h"
 #include "searchoptions.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <cstring>
 
@@ -61,10 +63,11 @@ TextMatcher::TextMatcher(const SearchOptions &options)
     : m_core(std::make_unique<const SearchCore>(options.text, coreOptions(options)))
 {
     if (options.text.isEmpty()) {
-        m_error = QStringLiteral("Enter the text to search for.");
+        m_error = QCoreApplication::translate("TextMatcher", "Enter the text to search for.");
     } else if (options.text.contains(QLatin1Char('\n')) ||
                options.text.contains(QLatin1Char('\r'))) {
-        m_error = QStringLiteral("The search text must be a single line.");
+        m_error =
+            QCoreApplication::translate("TextMatcher", "The search text must be a single line.");
     } else if (!m_core->isValid()) {
         m_error = m_core->errorString();
     }

@@ -21,9 +21,11 @@ QString SedApp::getAppName() const
     return QStringLiteral("Source Editor tools");
 }
 
+// The node above the pages names the whole tool library; a page's name
+// there would show that page twice ("Editor > Editor").
 QString SedApp::getOptionTitle() const
 {
-    return tr("Editor");
+    return tr("Source Editor");
 }
 
 QWidget *SedApp::createTool(QWidget *parent, int, QStringList args, QString *errorText, int)

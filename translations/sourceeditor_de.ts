@@ -418,6 +418,17 @@
     </message>
 </context>
 <context>
+    <name>TextMatcher</name>
+    <message>
+        <source>Enter the text to search for.</source>
+        <translation>Geben Sie den zu suchenden Text ein.</translation>
+    </message>
+    <message>
+        <source>The search text must be a single line.</source>
+        <translation>Der Suchtext muss aus einer einzigen Zeile bestehen.</translation>
+    </message>
+</context>
+<context>
     <name>UserPrompt</name>
     <message>
         <source>OK</source>
@@ -481,6 +492,29 @@
     <message>
         <source>%1 on line %2 cannot be saved in %3.</source>
         <translation>%1 in Zeile %2 kann nicht in %3 gespeichert werden.</translation>
+    </message>
+</context>
+<context>
+    <name>koru::sedgui::ColourScheme</name>
+    <message>
+        <source>Light</source>
+        <translation>Hell</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>Dunkel</translation>
+    </message>
+    <message>
+        <source>High contrast light</source>
+        <translation>Hoher Kontrast, hell</translation>
+    </message>
+    <message>
+        <source>High contrast dark</source>
+        <translation>Hoher Kontrast, dunkel</translation>
+    </message>
+    <message>
+        <source>Automatic (follows the desktop)</source>
+        <translation>Automatisch (wie die Arbeitsumgebung)</translation>
     </message>
 </context>
 <context>
@@ -755,6 +789,10 @@ Es behält die Kodierung %3.</translation>
 </context>
 <context>
     <name>koru::sedgui::EditorOptionsPage</name>
+    <message>
+        <source>Colour sche&amp;me:</source>
+        <translation>Farbsche&amp;ma:</translation>
+    </message>
     <message>
         <source>Indent with &amp;spaces</source>
         <translation>Mit &amp;Leerzeichen einrücken</translation>
@@ -1094,6 +1132,14 @@ Es behält die Kodierung %3.</translation>
 <context>
     <name>koru::sedgui::OptionPages</name>
     <message>
+        <source>Editor</source>
+        <translation>Editor</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation>Dateien</translation>
+    </message>
+    <message>
         <source>Options</source>
         <translation>Optionen</translation>
     </message>
@@ -1235,8 +1281,8 @@ Es behält die Kodierung %3.</translation>
 <context>
     <name>koru::sedgui::SedApp</name>
     <message>
-        <source>Editor</source>
-        <translation>Editor</translation>
+        <source>Source Editor</source>
+        <translation>Source Editor</translation>
     </message>
     <message>
         <source>Open File</source>

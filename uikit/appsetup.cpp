@@ -30,6 +30,9 @@ QString AppSetup::applicationId()
 void AppSetup::apply(QApplication &app)
 {
     QGuiApplication::setDesktopFileName(applicationId());
+    // Windows without a title of their own (the options dialog) are titled
+    // for the program, not after the executable's name.
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("Source Editor"));
     QApplication::setWindowIcon(QIcon::fromTheme(
         applicationId(),
         QIcon(QStringLiteral(":/sourceeditor/icons/") + applicationId() + QStringLiteral(".svg"))));

@@ -14,6 +14,7 @@ namespace koru::sedgui {
 class BinaryLock;
 class DocumentJournal;
 struct DocumentState;
+class EditorColours;
 class Indentation;
 class InfoBar;
 class StatusStrip;
@@ -195,6 +196,8 @@ private:
     // Several files changed on disk at once, asked about in one list
     // (tool/externalchangebatch.h).
     friend class ExternalChangeBatch;
+    // Colour schemes (lexers/editorcolours.h): the scheme on the text view.
+    EditorColours *m_colours = nullptr;
 };
 
 } // namespace koru::sedgui

@@ -1,13 +1,16 @@
 #include "options/editoroptionspage.h"
 
 #include "options/optionpages.h"
+#include "lexers/colourscheme.h"
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QFontComboBox>
 #include <QFormLayout>
 #include <QSpinBox>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <utility>
 
 namespace koru::sedgui {
@@ -36,6 +39,11 @@ void EditorOptionsPage::ensureControls()
     m_highlightCurrentLine = new QCheckBox(tr("&Highlight the current line"), this);
     m_braceMatching = new QCheckBox(tr("Highlight matching &braces"), this);
     m_autoCloseBrackets = new QCheckBox(tr("&Close brackets and quotes as they are typed"), this);
+    m_colourScheme = new QComboBox(this);
+    m_colourScheme->addItem(ColourScheme::displayName(ColourScheme::automaticId()),
+                            ColourScheme::automaticId());
+    for (const QString &id : ColourScheme::ids())
+        m_colourScheme->addItem(ColourScheme::displayName(id), id);
     const std::pair<QWidget *, const char *> names[] = {
         {m_font, "font"},
         {m_fontSize, "fontSize"},
@@ -49,6 +57,7 @@ void EditorOptionsPage::ensureControls()
         {m_highlightCurrentLine, "highlightCurrentLine"},
         {m_braceMatching, "braceMatching"},
         {m_autoCloseBrackets, "autoCloseBrackets"},
+        {m_colourScheme, "colourScheme"},
     };
     for (const auto &[widget, name] : names) {
         widget->setObjectName(QLatin1String(name));
@@ -65,6 +74,7 @@ void EditorOptionsPage::ensureControls()
     form->addRow(tr("Font si&ze:"), m_fontSize);
     form->addRow(tr("&Tab width:"), m_tabWidth);
     form->addRow(tr("In&dent width:"), m_indentWidth);
+    form->addRow(tr("Colour sche&me:"), m_colourScheme);
 
     auto *layout = new QVBoxLayout(this);
     layout->addLayout(form);
@@ -91,6 +101,7 @@ void EditorOptionsPage::showValues(const EditorSettings::Values &values)
     m_highlightCurrentLine->setChecked(values.highlightCurrentLine);
     m_braceMatching->setChecked(values.braceMatching);
     m_autoCloseBrackets->setChecked(values.autoCloseBrackets);
+    m_colourScheme->setCurrentIndex(std::max(0, m_colourScheme->findData(values.colourScheme)));
 }
 
 void EditorOptionsPage::readValues(EditorSettings::Values *values) const
@@ -112,6 +123,7 @@ void EditorOptionsPage::readValues(EditorSettings::Values *values) const
     values->highlightCurrentLine = m_highlightCurrentLine->isChecked();
     values->braceMatching = m_braceMatching->isChecked();
     values->autoCloseBrackets = m_autoCloseBrackets->isChecked();
+    values->colourScheme = m_colourScheme->currentData().toString();
 }
 
 void EditorOptionsPage::refreshPage()

@@ -4,6 +4,7 @@
 #include "optwidget.h"
 
 class QCheckBox;
+class QComboBox;
 class QFontComboBox;
 class QSpinBox;
 
@@ -42,6 +43,7 @@ private:
     QCheckBox *m_highlightCurrentLine = nullptr;
     QCheckBox *m_braceMatching = nullptr;
     QCheckBox *m_autoCloseBrackets = nullptr;
+    QComboBox *m_colourScheme = nullptr;
 };
 
 } // namespace koru::sedgui

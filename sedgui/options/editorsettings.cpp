@@ -2,6 +2,7 @@
 
 #include "baseusrsettings.h"
 #include "textfilecodec.h"
+#include "lexers/colourscheme.h"
 
 #include <QFontDatabase>
 
@@ -23,6 +24,7 @@ const QString s_showWhitespace = QStringLiteral("Editor/ShowWhitespace");
 const QString s_highlightCurrentLine = QStringLiteral("Editor/HighlightCurrentLine");
 const QString s_braceMatching = QStringLiteral("Editor/BraceMatching");
 const QString s_autoCloseBrackets = QStringLiteral("Editor/AutoCloseBrackets");
+const QString s_colourScheme = QStringLiteral("Editor/ColourScheme");
 
 const QString s_defaultEncoding = QStringLiteral("Files/DefaultEncoding");
 const QString s_defaultLineEnding = QStringLiteral("Files/DefaultLineEnding");
@@ -112,6 +114,10 @@ EditorSettings::Values EditorSettings::load()
         readBool(settings, s_highlightCurrentLine, values.highlightCurrentLine);
     values.braceMatching = readBool(settings, s_braceMatching, values.braceMatching);
     values.autoCloseBrackets = readBool(settings, s_autoCloseBrackets, values.autoCloseBrackets);
+    const QString scheme = settings.value(s_colourScheme).toString().trimmed();
+    if (ColourScheme::ids().contains(scheme)) {
+        values.colourScheme = scheme;
+    }
 
     const QByteArray encoding = TextFileCodec::canonicalEncoding(
         settings.value(s_defaultEncoding).toString().trimmed().toLatin1());
@@ -148,6 +154,7 @@ bool EditorSettings::store(const Values &values)
     settings.setValue(s_highlightCurrentLine, values.highlightCurrentLine);
     settings.setValue(s_braceMatching, values.braceMatching);
     settings.setValue(s_autoCloseBrackets, values.autoCloseBrackets);
+    settings.setValue(s_colourScheme, values.colourScheme);
 
     settings.setValue(s_defaultEncoding, QString::fromLatin1(values.defaultEncoding));
     settings.setValue(s_defaultLineEnding, lineEndingName(values.defaultLineEnding));

@@ -29,6 +29,8 @@ public:
         bool braceMatching = true;
         // Brackets and quotes close themselves and wrap a selection.
         bool autoCloseBrackets = true;
+        // A ColourScheme id; the automatic one follows the desktop.
+        QString colourScheme = QStringLiteral("automatic");
 
         QByteArray defaultEncoding = "UTF-8";
         LineEnding defaultLineEnding = LineEnding::LF;

@@ -12,22 +12,30 @@ namespace koru::sedgui {
 
 namespace {
 
-const QString s_editorPage = QStringLiteral("Editor");
-const QString s_filesPage = QStringLiteral("Files");
+// The pages' names are what the options tree shows, so they are translated.
+QString editorPage()
+{
+    return QCoreApplication::translate("koru::sedgui::OptionPages", "Editor");
+}
+
+QString filesPage()
+{
+    return QCoreApplication::translate("koru::sedgui::OptionPages", "Files");
+}
 
 } // namespace
 
 QStringList OptionPages::names()
 {
-    return {s_editorPage, s_filesPage};
+    return {editorPage(), filesPage()};
 }
 
 OptWidget *OptionPages::create(const QString &name)
 {
-    if (name == s_editorPage) {
+    if (name == editorPage()) {
         return new EditorOptionsPage;
     }
-    if (name == s_filesPage) {
+    if (name == filesPage()) {
         return new FilesOptionsPage;
     }
     return nullptr;

@@ -15,7 +15,7 @@ namespace koru::sedgui {
 class SEDGUI_EXPORT OptionPages
 {
 public:
-    // "Editor", "Files".
+    // "Editor", "Files", in the user's language.
     static QStringList names();
     // A new page for the name, or null; the caller owns it.
     static OptWidget *create(const QString &name);

@@ -5,16 +5,17 @@
 #include "dialogs/statusstrip.h"
 #include "dialogs/userprompt.h"
 #include "displayname.h"
+#include "editing/editoractions.h"
+#include "editing/editorcommands.h"
+#include "editing/indentation.h"
+#include "editing/typingassist.h"
+#include "lexers/editorcolours.h"
 #include "options/editorsettings.h"
 #include "session/closebatch.h"
 #include "templatetree.h"
 #include "tool/binarylock.h"
 #include "tool/documentjournal.h"
 #include "tool/documentstate.h"
-#include "editing/editoractions.h"
-#include "editing/editorcommands.h"
-#include "editing/indentation.h"
-#include "editing/typingassist.h"
 #include "toolargs.h"
 
 #include <QApplication>
@@ -181,6 +182,7 @@ SedGUI::SedGUI(QWidget *parent)
 
     m_indentation = new Indentation(m_editor, this);
     m_typing = new TypingAssist(m_editor, this);
+    m_colours = new EditorColours(m_editor, this);
     applySettings();
     m_statusStrip = new StatusStrip(
         this, findChild<EditorActions *>(QString(), Qt::FindDirectChildrenOnly), m_indentation);

@@ -5,6 +5,7 @@
 #include "filereader.h"
 #include "languagedetector.h"
 #include "languages.h"
+#include "lexers/editorcolours.h"
 #include "lexers/languagelexers.h"
 #include "options/editorsettings.h"
 #include "safesaver.h"
@@ -244,6 +245,7 @@ void SedGUI::setHugeLines(bool huge)
     m_doc->hugeLines = huge;
     if (huge) {
         m_editor->setLexer(nullptr);
+        m_colours->apply();
         m_editor->setWrapMode(QsciScintilla::WrapNone);
         m_editor->setBraceMatching(QsciScintilla::NoBraceMatch);
         m_editor->SendScintilla(QsciScintillaBase::SCI_SETLAYOUTCACHE,
@@ -278,6 +280,7 @@ void SedGUI::applyLanguage(const QString &name)
     // setLexer(nullptr) forgets the widget's own font; give it back.
     if (!lexer && old)
         m_editor->setFont(old->defaultFont());
+    m_colours->apply();
     delete old;
     m_doc->language = lexer ? language : QString();
     m_indentation->setLanguage(m_doc->language);

@@ -1,12 +1,11 @@
-#include "options/editorsettings.h"
-#include "sedgui.h"
-#include "tool/drophandler.h"
 #include "editing/editoractions.h"
 #include "editing/editorcommands.h"
 #include "editing/indentation.h"
 #include "editing/typingassist.h"
-
-#include <QPalette>
+#include "lexers/editorcolours.h"
+#include "options/editorsettings.h"
+#include "sedgui.h"
+#include "tool/drophandler.h"
 
 #include <Qsci/qscilexer.h>
 #include <Qsci/qsciscintilla.h>
@@ -68,15 +67,11 @@ void SedGUI::applySettings()
     editor->setWhitespaceVisibility(values.showWhitespace ? QsciScintilla::WsVisible
                                                           : QsciScintilla::WsInvisible);
     editor->setCaretLineVisible(values.highlightCurrentLine);
-    const QColor highlight = palette().color(QPalette::Highlight);
-    const QColor base = palette().color(QPalette::Base);
-    editor->setCaretLineBackgroundColor(
-        QColor::fromRgbF(float(base.redF() * 0.9 + highlight.redF() * 0.1),
-                         float(base.greenF() * 0.9 + highlight.greenF() * 0.1),
-                         float(base.blueF() * 0.9 + highlight.blueF() * 0.1)));
     editor->setBraceMatching(values.braceMatching ? QsciScintilla::SloppyBraceMatch
                                                   : QsciScintilla::NoBraceMatch);
     editor->setFolding(QsciScintilla::BoxedTreeFoldStyle);
+    // After the folding, which gives its markers their own colours.
+    m_colours->setSchemeId(values.colourScheme);
 
     if (!findChild<DropHandler *>(QString(), Qt::FindDirectChildrenOnly)) {
         new DropHandler(editor->viewport(), this);

@@ -145,6 +145,8 @@ private Q_SLOTS:
             control<QSpinBox>(page, "tabWidth")->setValue(7);
             control<QSpinBox>(page, "fontSize")->setValue(19);
             control(page, "wordWrap")->setChecked(true);
+            auto *scheme = control<QComboBox>(page, "colourScheme");
+            scheme->setCurrentIndex(scheme->findData(QStringLiteral("high-contrast-dark")));
             for (const char *name : {"lineNumbers", "indentWithSpaces", "highlightCurrentLine"})
                 control(page, name)->setChecked(false);
             page->applyPage();
@@ -164,6 +166,9 @@ private Q_SLOTS:
             QCOMPARE(editor->tabWidth(), 7);
             QCOMPARE(editor->font().pointSize(), 19);
             QCOMPARE(editor->wrapMode(), QsciScintilla::WrapWord);
+            QCOMPARE(editor->SendScintilla(QsciScintillaBase::SCI_STYLEGETBACK,
+                                           QsciScintillaBase::STYLE_DEFAULT),
+                     0L); // black
             QCOMPARE(editor->marginWidth(0), 0);
             QVERIFY(editor->indentationsUseTabs());
             QVERIFY(!editor->SendScintilla(QsciScintillaBase::SCI_GETCARETLINEVISIBLE));

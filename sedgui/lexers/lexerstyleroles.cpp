@@ -1,0 +1,107 @@
+#include "lexers/lexerstyleroles.h"
+
+#include <QHash>
+
+#include <Qsci/qscilexer.h>
+
+#include <initializer_list>
+
+namespace koru::sedgui {
+
+namespace {
+
+using Role = ColourScheme::Role;
+
+struct Words
+{
+    Role role;
+    std::initializer_list<const char *> words;
+};
+
+// Tried in order: the first word found in a description decides. Errors and
+// comments come first ("Unclosed string", "JavaDoc keyword error", "Comment
+// keyword"), strings before operators ("Here document delimiter").
+const Words s_words[] = {
+    // Code that the preprocessor leaves out is shown as dim as a comment.
+    {ColourScheme::Comment, {"inactive"}},
+    {ColourScheme::Error, {"error", "unclosed", "bad ", "badly", "removed"}},
+    {ColourScheme::Comment,
+     {"comment", "pod", "task marker", "javadoc keyword", "ddoc keyword", "documentation"}},
+    {ColourScheme::Regex, {"regular expression", "regex", "%r string", "(qr"}},
+    {ColourScheme::Preprocessor,
+     {"pre-processor", "preprocessor", "directive", "decorator", "inline asm", "@-rule",
+      "media rule", "important", "start of", "end of a", "end of an", "cdata", "data section",
+      "sgml", "header", "plugin", "target"}},
+    {ColourScheme::Character, {"character", "entity", "escape sequence"}},
+    {ColourScheme::Identifier, {"quoted identifier", "quoted keyword", "quoted operator"}},
+    {ColourScheme::String,
+     {"string", "here document", "backtick", "verbatim", "literal", "value", "text block",
+      "message", "iri", "added", "code", "link", "translation"}},
+    {ColourScheme::Number, {"number", "numeric", "uuid", "hexadecimal", "changed", "position"}},
+    {ColourScheme::Operator,
+     {"operator", "punctuation", "delimiter", "parenthesis", "separator", "brace", "symbol",
+      "assignment", "continuation", "hash", "list item", "horizontal rule"}},
+    {ColourScheme::Type,
+     {"secondary",  "set 2",       "global class", "class",    "type",         "standard",
+      "predefined", "built",       "function",     "extended", "user defined", "tk ",
+      "intrinsic",  "system task", "package",      "module",   "property",     "attribute",
+      "tag",        "selector",    "pseudo",       "label",    "emphasis",     "strike",
+      "special",    "lifetime",    "section",      "group",    "array"}},
+    {ColourScheme::Keyword, {"keyword", "word", "command", "reserved", "instruction", "block"}},
+    {ColourScheme::Identifier,
+     {"identifier", "variable", "name", "parameter", "scalar", "instance", "substitution",
+      "reference"}},
+};
+
+// Styles whose descriptions mislead the words above, by the lexer's own name
+// (QsciLexer::lexer()) and style number.
+const QHash<QByteArray, QHash<int, Role>> &s_styles()
+{
+    static const QHash<QByteArray, QHash<int, Role>> styles{
+        // Character literals (the C++ lexer's single-quoted strings).
+        {"cpp", {{7, ColourScheme::Character}}},
+        // Character literals and lifetimes.
+        {"rust",
+         {{15, ColourScheme::Character}, {23, ColourScheme::Character}, {18, ColourScheme::Type}}},
+        // Rule targets.
+        {"makefile", {{5, ColourScheme::Keyword}}},
+        // [Section] lines and keys.
+        {"props", {{2, ColourScheme::Keyword}, {5, ColourScheme::Type}}},
+        // Headings.
+        {"markdown",
+         {{6, ColourScheme::Keyword},
+          {7, ColourScheme::Keyword},
+          {8, ColourScheme::Keyword},
+          {9, ColourScheme::Keyword},
+          {10, ColourScheme::Keyword},
+          {11, ColourScheme::Keyword}}},
+    };
+    return styles;
+}
+
+} // namespace
+
+ColourScheme::Role LexerStyleRoles::roleOfDescription(const QString &description)
+{
+    const QString text = description.toLower();
+    for (const Words &entry : s_words) {
+        for (const char *word : entry.words) {
+            if (text.contains(QLatin1String(word)))
+                return entry.role;
+        }
+    }
+    return ColourScheme::Default;
+}
+
+ColourScheme::Role LexerStyleRoles::role(const QsciLexer &lexer, int style)
+{
+    const char *name = lexer.lexer();
+    if (name) {
+        const auto styles = s_styles().constFind(QByteArray(name));
+        if (styles != s_styles().constEnd() && styles->contains(style))
+            return styles->value(style);
+    }
+    return roleOfDescription(lexer.description(style));
+}
+
+} // namespace koru::sedgui
