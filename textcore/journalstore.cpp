@@ -276,7 +276,7 @@ JournalStore::~JournalStore()
 QString JournalStore::defaultFolder()
 {
     QString base = qEnvironmentVariable("XDG_STATE_HOME");
-    // The base directory specification says to ignore relative paths.
+    // A relative XDG_STATE_HOME is invalid and must be ignored.
     if (base.isEmpty() || !QDir::isAbsolutePath(base))
         base = QDir::homePath() + QLatin1String("/.local/state");
     return base + QLatin1String("/sourceeditor");
