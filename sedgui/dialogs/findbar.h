@@ -1,7 +1,7 @@
 #pragma once
 
-#include "sedguiexport.h"
 #include "editing/textsearcher.h"
+#include "sedguiexport.h"
 
 #include <QFrame>
 

@@ -1,9 +1,9 @@
 #include "dialogs/statusstrip.h"
 
-#include "sedgui.h"
-#include "textformat.h"
 #include "editing/editoractions.h"
 #include "editing/indentation.h"
+#include "sedgui.h"
+#include "textformat.h"
 
 #include <QEvent>
 #include <QHBoxLayout>

@@ -1,15 +1,15 @@
 #include "editing/editoractions.h"
 
 #include "dialogs/userprompt.h"
+#include "editing/editorcommands.h"
+#include "editing/indentation.h"
+#include "editing/multiselection.h"
+#include "editing/wordcompleter.h"
 #include "languages.h"
 #include "sedgui.h"
 #include "standardactions.h"
 #include "textfilecodec.h"
 #include "textformat.h"
-#include "editing/editorcommands.h"
-#include "editing/indentation.h"
-#include "editing/multiselection.h"
-#include "editing/wordcompleter.h"
 
 #include <QAction>
 #include <QActionGroup>

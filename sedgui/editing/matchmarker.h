@@ -1,8 +1,8 @@
 #pragma once
 
+#include "editing/textsearcher.h"
 #include "searchcore.h"
 #include "sedguiexport.h"
-#include "editing/textsearcher.h"
 
 #include <QObject>
 #include <QTimer>

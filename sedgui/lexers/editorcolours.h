@@ -1,7 +1,7 @@
 #pragma once
 
-#include "sedguiexport.h"
 #include "lexers/colourscheme.h"
+#include "sedguiexport.h"
 
 #include <QObject>
 #include <QString>

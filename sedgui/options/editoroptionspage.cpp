@@ -1,7 +1,7 @@
 #include "options/editoroptionspage.h"
 
-#include "options/optionpages.h"
 #include "lexers/colourscheme.h"
+#include "options/optionpages.h"
 
 #include <QCheckBox>
 #include <QComboBox>

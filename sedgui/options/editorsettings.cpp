@@ -1,8 +1,8 @@
 #include "options/editorsettings.h"
 
 #include "baseusrsettings.h"
-#include "textfilecodec.h"
 #include "lexers/colourscheme.h"
+#include "textfilecodec.h"
 
 #include <QFontDatabase>
 

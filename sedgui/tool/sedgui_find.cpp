@@ -1,7 +1,7 @@
 #include "dialogs/findbar.h"
 #include "dialogs/gotodialog.h"
-#include "sedgui.h"
 #include "editing/editorcommands.h"
+#include "sedgui.h"
 
 #include <QBoxLayout>
 

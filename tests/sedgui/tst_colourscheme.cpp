@@ -1,9 +1,9 @@
 #include "baseusrsettings.h"
 #include "languages.h"
-#include "options/editorsettings.h"
-#include "sedgui.h"
 #include "lexers/colourscheme.h"
 #include "lexers/lexerstyleroles.h"
+#include "options/editorsettings.h"
+#include "sedgui.h"
 
 #include <QHash>
 #include <QPalette>

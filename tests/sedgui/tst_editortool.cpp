@@ -1,15 +1,15 @@
 #include "baseusrsettings.h"
 #include "dialogs/findbar.h"
+#include "editing/editoractions.h"
+#include "editing/editorcommands.h"
 #include "languages.h"
+#include "lexers/languagelexers.h"
 #include "options/editorsettings.h"
 #include "options/optionpages.h"
 #include "optwidget.h"
 #include "promptrecorder.h"
 #include "sedgui.h"
 #include "textformat.h"
-#include "editing/editoractions.h"
-#include "editing/editorcommands.h"
-#include "lexers/languagelexers.h"
 
 #include <QApplication>
 #include <QCheckBox>

@@ -1,9 +1,9 @@
 #include "baseusrsettings.h"
 #include "dialogs/statusstrip.h"
-#include "options/editorsettings.h"
-#include "sedgui.h"
 #include "editing/editoractions.h"
 #include "editing/typingassist.h"
+#include "options/editorsettings.h"
+#include "sedgui.h"
 
 #include <QFile>
 #include <QMenu>

@@ -1,7 +1,7 @@
 #include "../textcore/searchpatterns.h"
 #include "dialogs/findbar.h"
-#include "sedgui.h"
 #include "editing/matchmarker.h"
+#include "sedgui.h"
 
 #include <QLineEdit>
 #include <QTest>

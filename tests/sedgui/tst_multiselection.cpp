@@ -1,5 +1,5 @@
-#include "sedgui.h"
 #include "editing/editoractions.h"
+#include "sedgui.h"
 
 #include <QAction>
 #include <QApplication>

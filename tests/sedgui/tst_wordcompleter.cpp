@@ -1,5 +1,5 @@
-#include "sedgui.h"
 #include "editing/wordcompleter.h"
+#include "sedgui.h"
 
 #include <QTest>
 
