@@ -5,7 +5,7 @@
 #include "menuactionman.h"
 #include "session/sessionkeeper.h"
 #include "session/workkeeper.h"
-#include "tool/drophandler.h"
+#include "window/drophandler.h"
 #include "window/screenfitter.h"
 #include "window/tabkeeper.h"
 

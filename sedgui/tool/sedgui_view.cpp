@@ -5,7 +5,7 @@
 #include "lexers/editorcolours.h"
 #include "options/editorsettings.h"
 #include "sedgui.h"
-#include "tool/drophandler.h"
+#include "window/drophandler.h"
 
 #include <Qsci/qscilexer.h>
 #include <Qsci/qsciscintilla.h>

@@ -1,4 +1,4 @@
-#include "tool/drophandler.h"
+#include "window/drophandler.h"
 
 #include <QDragEnterEvent>
 #include <QDragMoveEvent>
