@@ -2,6 +2,7 @@
 
 #include "editing/editoractions.h"
 #include "editing/indentation.h"
+#include "options/editorsettings.h"
 #include "sedgui.h"
 #include "textformat.h"
 
@@ -28,19 +29,6 @@ void setText(QToolButton *button, const QString &text)
 {
     if (button->text() != text)
         button->setText(text);
-}
-
-QString lineEndingText(LineEnding ending)
-{
-    switch (ending) {
-    case LineEnding::CRLF:
-        return QStringLiteral("CRLF");
-    case LineEnding::CR:
-        return QStringLiteral("CR");
-    case LineEnding::LF:
-        break;
-    }
-    return QStringLiteral("LF");
 }
 
 } // namespace
@@ -152,7 +140,7 @@ void StatusStrip::refresh()
     setText(entry(QStringLiteral("encoding")),
             format.bom ? tr("%1 with BOM").arg(QString::fromLatin1(format.encoding))
                        : QString::fromLatin1(format.encoding));
-    setText(entry(QStringLiteral("lineEnding")), lineEndingText(format.lineEnding));
+    setText(entry(QStringLiteral("lineEnding")), EditorSettings::lineEndingName(format.lineEnding));
     QToolButton *indentation = entry(QStringLiteral("indentation"));
     setText(indentation, m_indentation->label());
     indentation->setToolTip(m_indentation->sourceText());

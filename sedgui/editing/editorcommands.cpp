@@ -1,6 +1,7 @@
 #include "editing/editorcommands.h"
 
 #include "commentsyntax.h"
+#include "editing/scintillacalls.h"
 #include "editing/textsearcher.h"
 
 #include <QString>
@@ -17,11 +18,7 @@ namespace {
 
 using Sci = QsciScintillaBase;
 
-qint64 send(QsciScintilla *editor, unsigned int message, qint64 wParam = 0, qint64 lParam = 0)
-{
-    return editor->SendScintilla(message, static_cast<unsigned long>(wParam),
-                                 static_cast<long>(lParam));
-}
+using scintilla::send;
 
 void insertText(QsciScintilla *editor, qint64 position, const QByteArray &text)
 {

@@ -1,5 +1,6 @@
 #include "editing/matchmarker.h"
 
+#include "editing/scintillacalls.h"
 #include "searchcore.h"
 
 #include <Qsci/qsciscintilla.h>
@@ -18,19 +19,7 @@ using Sci = QsciScintillaBase;
 constexpr qint64 SliceOverlap = 64 * 1024;
 constexpr qint64 MaxMarks = 10000;
 
-qint64 send(QsciScintilla *editor, unsigned int message, qint64 wParam = 0, qint64 lParam = 0)
-{
-    return editor->SendScintilla(message, static_cast<unsigned long>(wParam),
-                                 static_cast<long>(lParam));
-}
-
-QByteArrayView bufferOf(QsciScintilla *editor)
-{
-    const qint64 length = send(editor, Sci::SCI_GETLENGTH);
-    const auto *data =
-        static_cast<const char *>(editor->SendScintillaPtrResult(Sci::SCI_GETCHARACTERPOINTER));
-    return {data, length};
-}
+using scintilla::send;
 
 // The text up to the end of the line in which end lies (at most SliceOverlap
 // further): matches that start before end are then found as they are in the
@@ -120,7 +109,7 @@ void MatchMarker::restart()
 void MatchMarker::countSlice()
 {
     const SearchCore &core = m_core;
-    const QByteArrayView whole = bufferOf(m_editor);
+    const QByteArrayView whole = scintilla::buffer(m_editor);
     const qint64 sliceEnd = std::min<qint64>(whole.size(), m_countFrom + CountSlice);
     const QByteArrayView text = cutAfter(whole, sliceEnd);
     // Stepping on from the last match keeps an empty match from being
@@ -215,7 +204,7 @@ void MatchMarker::markVisible()
                                         MarginLines);
     const qint64 from = send(m_editor, Sci::SCI_POSITIONFROMLINE, firstLine);
     const qint64 to = send(m_editor, Sci::SCI_GETLINEENDPOSITION, lastLine);
-    const QByteArrayView text = cutAfter(bufferOf(m_editor), to);
+    const QByteArrayView text = cutAfter(scintilla::buffer(m_editor), to);
     send(m_editor, Sci::SCI_SETINDICATORCURRENT, Indicator);
     qint64 marks = 0;
     for (auto match = core.find(text, from); match.found() && match.begin <= to && marks < MaxMarks;

@@ -1,5 +1,6 @@
 #include "editing/multiselection.h"
 
+#include "editing/scintillacalls.h"
 #include "searchcore.h"
 
 #include <QCoreApplication>
@@ -16,19 +17,7 @@ namespace {
 
 using Sci = QsciScintillaBase;
 
-qint64 send(QsciScintilla *editor, unsigned int message, qint64 wParam = 0, qint64 lParam = 0)
-{
-    return editor->SendScintilla(message, static_cast<unsigned long>(wParam),
-                                 static_cast<long>(lParam));
-}
-
-QByteArrayView bufferOf(QsciScintilla *editor)
-{
-    const qint64 length = send(editor, Sci::SCI_GETLENGTH);
-    const auto *data =
-        static_cast<const char *>(editor->SendScintillaPtrResult(Sci::SCI_GETCHARACTERPOINTER));
-    return {data, length};
-}
+using scintilla::send;
 
 } // namespace
 
@@ -189,7 +178,7 @@ bool MultiSelection::addNextOccurrence()
     }
     SearchCore::Options options = SearchCore::CaseSensitive;
     options.setFlag(SearchCore::WholeWord, m_wordStart >= 0);
-    QByteArrayView text = bufferOf(m_editor);
+    QByteArrayView text = scintilla::buffer(m_editor);
     const SearchCore core(QString::fromUtf8(text.sliced(start, end - start)), options);
     // The next match after the main selection that is not selected yet,
     // going once around the document.
@@ -233,7 +222,7 @@ qint64 MultiSelection::selectAllOccurrences()
     }
     SearchCore::Options options = SearchCore::CaseSensitive;
     options.setFlag(SearchCore::WholeWord, m_wordStart >= 0);
-    const QByteArrayView text = bufferOf(m_editor);
+    const QByteArrayView text = scintilla::buffer(m_editor);
     const SearchCore core(QString::fromUtf8(text.sliced(start, end - start)), options);
     // The main selection stays where it is, the others are set around it.
     send(m_editor, Sci::SCI_SETSELECTION, end, start);

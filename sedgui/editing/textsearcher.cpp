@@ -1,5 +1,6 @@
 #include "editing/textsearcher.h"
 
+#include "editing/scintillacalls.h"
 #include "searchcore.h"
 
 #include <Qsci/qsciscintilla.h>
@@ -13,11 +14,7 @@ namespace {
 
 using Sci = QsciScintillaBase;
 
-qint64 send(QsciScintillaBase *editor, unsigned int message, qint64 wParam = 0, qint64 lParam = 0)
-{
-    return editor->SendScintilla(message, static_cast<unsigned long>(wParam),
-                                 static_cast<long>(lParam));
-}
+using scintilla::send;
 
 void selectAndShow(QsciScintillaBase *editor, qint64 start, qint64 end)
 {
@@ -48,17 +45,6 @@ SearchCore coreFor(const SearchQuery &query)
         last = SearchCore(query.pattern, options);
     }
     return last;
-}
-
-// The whole buffer as one run of bytes, read in place. The editor closes the
-// gap it keeps for insertions to hand it out; any change to the text may move
-// the bytes, so the view is taken again after each one.
-QByteArrayView bufferOf(QsciScintillaBase *editor)
-{
-    const qint64 length = send(editor, Sci::SCI_GETLENGTH);
-    const auto *data =
-        static_cast<const char *>(editor->SendScintillaPtrResult(Sci::SCI_GETCHARACTERPOINTER));
-    return {data, length};
 }
 
 // The match, or when there is none and the query wraps, the first one from the
@@ -101,7 +87,7 @@ SearchMatch TextSearcher::find(QsciScintillaBase *editor, const SearchQuery &que
     if (!core.isValid()) {
         return invalidPattern();
     }
-    const QByteArrayView text = bufferOf(editor);
+    const QByteArrayView text = scintilla::buffer(editor);
     from = std::clamp<qint64>(from, 0, text.size());
     return wrapIfMissing(core, text, query,
                          query.backwards ? core.findPrevious(text, from) : core.find(text, from));
@@ -115,7 +101,7 @@ SearchMatch TextSearcher::findNext(QsciScintillaBase *editor, const SearchQuery 
     }
     const qint64 selStart = send(editor, Sci::SCI_GETSELECTIONSTART);
     const qint64 selEnd = send(editor, Sci::SCI_GETSELECTIONEND);
-    const QByteArrayView text = bufferOf(editor);
+    const QByteArrayView text = scintilla::buffer(editor);
     SearchCore::Match match;
     if (query.backwards) {
         match = core.findPrevious(text, selStart);
@@ -145,7 +131,7 @@ bool TextSearcher::replaceSelection(QsciScintillaBase *editor, const SearchQuery
     if (core.isValid()) {
         // Searched in the whole buffer, so that look-behind and word bounds see
         // the text around the selection.
-        const QByteArrayView text = bufferOf(editor);
+        const QByteArrayView text = scintilla::buffer(editor);
         const SearchCore::Match match = core.find(text, selStart);
         if (match.begin == selStart && match.end == selEnd) {
             const qint64 written =
@@ -178,7 +164,7 @@ qint64 TextSearcher::replaceAll(QsciScintillaBase *editor, const SearchQuery &qu
     // All matches are found in the untouched buffer first; a plain search's
     // replacements share one copy of the text.
     std::vector<Replacement> replacements;
-    const QByteArrayView text = bufferOf(editor);
+    const QByteArrayView text = scintilla::buffer(editor);
     const QByteArray literal = replacement.toUtf8();
     for (auto match = core.find(text, 0); match.found(); match = core.findAfter(text, match)) {
         replacements.push_back(

@@ -1,5 +1,6 @@
 #include "editing/wordcompleter.h"
 
+#include "editing/scintillacalls.h"
 #include "languages.h"
 #include "sedgui.h"
 #include "templatetree.h"
@@ -18,11 +19,7 @@ using Sci = QsciScintillaBase;
 constexpr qsizetype MaxWordLength = 64;
 constexpr int MaxOffered = 500;
 
-qint64 send(QsciScintilla *editor, unsigned int message, qint64 wParam = 0, qint64 lParam = 0)
-{
-    return editor->SendScintilla(message, static_cast<unsigned long>(wParam),
-                                 static_cast<long>(lParam));
-}
+using scintilla::send;
 
 // Letters of any script (all bytes of multi-byte UTF-8), digits and '_'.
 bool isWordByte(char c)
