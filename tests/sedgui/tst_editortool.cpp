@@ -112,6 +112,20 @@ template<typename T = QCheckBox> T *control(const Page &page, const char *name)
     return widget;
 }
 
+// The text with the caret as '|' and, when something is selected, the anchor as '^'.
+QString marked(QsciScintilla &editor)
+{
+    QString text = editor.text();
+    const long caret = send(editor, QsciScintillaBase::SCI_GETCURRENTPOS);
+    const long anchor = send(editor, QsciScintillaBase::SCI_GETANCHOR);
+    if (anchor > caret)
+        text.insert(anchor, u'^');
+    text.insert(caret, u'|');
+    if (anchor < caret)
+        text.insert(anchor, u'^');
+    return text;
+}
+
 } // namespace
 
 class TstEditorTool : public QObject
@@ -427,6 +441,60 @@ private Q_SLOTS:
         editor.undo();
         QCOMPARE(editor.text(), text);
         QVERIFY(!editor.isUndoAvailable());
+    }
+
+    // Keys as the user presses them, with the state after each ("|" caret, "^" anchor).
+    void keysMoveFindAndRedo_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("find"); // the last search, for Find Previous
+        QTest::addColumn<QStringList>("keys");
+        QTest::addColumn<QStringList>("expected");
+        const auto row = [](const char *tag, const char *text, const char *find, const char *keys,
+                            const char *expected) {
+            QTest::newRow(tag) << QString(text) << QString(find) << QString(keys).split(u' ')
+                               << QString(expected).split(u' ');
+        };
+        row("before ( to before ) and back", "|(a[b]{c})", "", "Ctrl+M Ctrl+M",
+            "(a[b]{c}|) |(a[b]{c})");
+        row("nested [ forwards", "(a|[b{c}])", "", "Ctrl+M", "(a[b{c}|])");
+        row("after } to after {", "x{a(b)}|y", "", "Ctrl+M Ctrl+M", "x{|a(b)}y x{a(b)}|y");
+        row("the brace after the caret first", "(a)|(b)", "", "Ctrl+M", "(a)(b|)");
+        row("select forwards", "|(a[b])", "", "Ctrl+Shift+M", "^(a[b])|");
+        row("select backwards", "{a(b)}|", "", "Ctrl+Shift+M", "|{a(b)}^");
+        row("select from inside nested", "({|[a]})", "", "Ctrl+Shift+M", "({^[a]|})");
+        row("no brace near", "a(b)_c|d", "", "Ctrl+M Ctrl+Shift+M", "a(b)_c|d a(b)_c|d");
+        row("unmatched brace", "|(ab", "", "Ctrl+M", "|(ab");
+        row("find previous steps back and wraps", "foo_x_foo_y_foo|", "foo",
+            "Shift+F3 Shift+F3 Shift+F3 Shift+F3",
+            "foo_x_foo_y_^foo| foo_x_^foo|_y_foo ^foo|_x_foo_y_foo foo_x_foo_y_^foo|");
+        row("Ctrl+Shift+Z redoes", "ab|", "", "X Ctrl+Z Ctrl+Shift+Z Ctrl+Shift+Z",
+            "abx| ab| abx| abx|");
+    }
+    void keysMoveFindAndRedo()
+    {
+        QFETCH(QString, text);
+        QFETCH(QString, find);
+        QFETCH(QStringList, keys);
+        QFETCH(QStringList, expected);
+        SedGUI tool;
+        QsciScintilla &editor = *tool.editor();
+        editor.setText(QString(text).remove(u'|').replace(u'_', u' '));
+        send(editor, QsciScintillaBase::SCI_EMPTYUNDOBUFFER);
+        send(editor, QsciScintillaBase::SCI_GOTOPOS, text.indexOf(u'|'));
+        SearchQuery query;
+        query.pattern = find;
+        FindBar::setLastQuery(query);
+        tool.show();
+        // Made active directly, not by a window manager that may be slow or absent.
+        QApplication::setActiveWindow(&tool);
+        editor.setFocus();
+        QCOMPARE(QApplication::focusWidget(), &editor);
+        for (qsizetype i = 0; i < keys.size(); ++i) {
+            const QKeyCombination key = QKeySequence(keys[i])[0];
+            QTest::keyClick(&editor, key.key(), key.keyboardModifiers());
+            QCOMPARE(marked(editor).replace(u' ', u'_'), expected[i]);
+        }
     }
 
     // Each language has a lexer (its patterns and the Open filter: tst_languages).
