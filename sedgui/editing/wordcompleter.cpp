@@ -46,11 +46,11 @@ bool completes(QByteArrayView word, QByteArrayView prefix)
     return word.size() > prefix.size() && word.startsWith(prefix);
 }
 
-// Adds the words of text that are long enough to be worth completing and
-// start with prefix; a word cut by either end of text is left out when the
-// text goes on there.
-void collectWords(QByteArrayView text, bool cutAtStart, bool cutAtEnd, QByteArrayView prefix,
-                  QSet<QByteArray> *words, qsizetype limit)
+// Calls visit with each word of text that is long enough to be worth
+// completing, until it returns false; a word cut by either end of text is left
+// out when the text goes on there.
+template<typename Visit>
+void forEachWord(QByteArrayView text, bool cutAtStart, bool cutAtEnd, Visit visit)
 {
     qsizetype i = 0;
     if (cutAtStart) {
@@ -58,7 +58,7 @@ void collectWords(QByteArrayView text, bool cutAtStart, bool cutAtEnd, QByteArra
             ++i;
         }
     }
-    while (i < text.size() && words->size() < limit) {
+    while (i < text.size()) {
         while (i < text.size() && !isWordByte(text[i])) {
             ++i;
         }
@@ -70,8 +70,8 @@ void collectWords(QByteArrayView text, bool cutAtStart, bool cutAtEnd, QByteArra
         const bool cut = cutAtEnd && i == text.size();
         const bool startsWithDigit = length > 0 && text[start] >= '0' && text[start] <= '9';
         if (!cut && length >= WordCompleter::MinimumPrefix && length <= MaxWordLength &&
-            !startsWithDigit && completes(text.sliced(start, length), prefix)) {
-            words->insert(text.sliced(start, length).toByteArray());
+            !startsWithDigit && !visit(text.sliced(start, length))) {
+            return;
         }
     }
 }
@@ -89,6 +89,25 @@ WordCompleter::WordCompleter(SedGUI *tool, QObject *parent)
     m_indexTimer.setInterval(0);
     connect(&m_indexTimer, &QTimer::timeout, this, &WordCompleter::indexSlice);
     connect(editor, &QsciScintillaBase::SCN_CHARADDED, this, &WordCompleter::onCharAdded);
+    connect(editor, &QsciScintillaBase::SCN_MODIFIED, this,
+            [this](int position, int type, const char *, int length) {
+                onModified(position, type, length);
+            });
+    // Undo, Redo and Replace All change the text without telling where.
+    m_checkTimer.setSingleShot(true);
+    m_checkTimer.setInterval(0);
+    connect(editor, &QsciScintilla::textChanged, this, [this] {
+        if (m_indexedTo >= 0) {
+            ++m_textChanges;
+            m_checkTimer.start();
+        }
+    });
+    connect(&m_checkTimer, &QTimer::timeout, this, [this] {
+        if (m_textChanges != m_edits) {
+            restartIndexing();
+        }
+        m_textChanges = m_edits = 0;
+    });
 }
 
 void WordCompleter::onCharAdded(int ch)
@@ -147,15 +166,22 @@ QStringList WordCompleter::candidates(const QByteArray &prefix)
     const qint64 caret = send(editor, Sci::SCI_GETCURRENTPOS);
     const qint64 from = std::max<qint64>(0, caret - Window);
     const qint64 to = std::min(length, caret + Window);
-    collectWords(rangeOf(editor, from, to), from > 0, to < length, prefix, &words, MaxIndexedWords);
+    forEachWord(rangeOf(editor, from, to), from > 0, to < length, [&](QByteArrayView word) {
+        if (completes(word, prefix)) {
+            words.insert(word.toByteArray());
+        }
+        return true;
+    });
     QSet<QByteArray> keywords;
     addKeywords(&keywords);
     for (SedGUI *document : TemplateTree::Instance()->documents()) {
         if (auto *other = document->findChild<WordCompleter *>()) {
             other->startIndexing();
-            for (const QByteArray &word : std::as_const(other->m_index)) {
-                if (completes(word, prefix)) {
-                    words.insert(word);
+            for (const auto *index : {&other->m_index, &other->m_previous}) {
+                for (auto it = index->keyBegin(); it != index->keyEnd(); ++it) {
+                    if (completes(*it, prefix)) {
+                        words.insert(*it);
+                    }
                 }
             }
         }
@@ -202,6 +228,28 @@ void WordCompleter::startIndexing()
     }
 }
 
+void WordCompleter::restartIndexing()
+{
+    if (m_previous.isEmpty()) {
+        m_previous = std::move(m_index);
+    }
+    m_index.clear();
+    m_indexedTo = 0;
+    m_complete = false;
+    m_indexTimer.start();
+}
+
+void WordCompleter::addWord(QByteArrayView word)
+{
+    const QByteArray key = word.toByteArray();
+    const auto it = m_index.find(key);
+    if (it != m_index.end()) {
+        ++*it;
+    } else if (m_index.size() < MaxIndexedWords) {
+        m_index.insert(key, 1);
+    }
+}
+
 void WordCompleter::indexSlice()
 {
     QsciScintilla *editor = m_tool->editor();
@@ -220,14 +268,92 @@ void WordCompleter::indexSlice()
             end = text.size(); // one enormous "word": step over it
         }
     }
-    // The buffer may have changed since the last slice: a word cut at the
-    // start is not taken in.
     const bool cutAtStart = from > 0 && isWordByte(rangeOf(editor, from - 1, from)[0]);
-    collectWords(text.first(end), cutAtStart, false, {}, &m_index, MaxIndexedWords);
+    forEachWord(text.first(end), cutAtStart, false, [this](QByteArrayView word) {
+        addWord(word);
+        return m_index.size() < MaxIndexedWords;
+    });
     m_indexedTo = from + end;
-    if (m_indexedTo >= length || m_index.size() >= MaxIndexedWords) {
+    m_complete = m_indexedTo >= length;
+    if (m_complete || m_index.size() >= MaxIndexedWords) {
         m_indexTimer.stop();
+        m_previous.clear();
     }
+}
+
+void WordCompleter::onModified(int position, int type, int length)
+{
+    if (m_indexedTo < 0) {
+        return;
+    }
+    const bool inserted = type & Sci::SC_MOD_INSERTTEXT;
+    const bool deleted = type & Sci::SC_MOD_DELETETEXT;
+    const bool before = type & (Sci::SC_MOD_BEFOREINSERT | Sci::SC_MOD_BEFOREDELETE);
+    if (inserted || deleted) {
+        ++m_edits;
+    } else if (!before) {
+        return;
+    }
+    if (length > IndexSlice) {
+        if (before) {
+            restartIndexing();
+        }
+        return;
+    }
+    // The words around the place are taken away before the edit and counted
+    // again after it; the text beyond them is the same on both sides.
+    if (before) {
+        const bool deleting = type & Sci::SC_MOD_BEFOREDELETE;
+        recount(position, deleting ? position + length : position, -1);
+        return;
+    }
+    if (!m_complete && m_indexedTo > position) {
+        m_indexedTo += inserted ? length : -length;
+    }
+    recount(position, inserted ? position + length : position, 1);
+}
+
+void WordCompleter::recount(qint64 from, qint64 to, int sign)
+{
+    QsciScintilla *editor = m_tool->editor();
+    // A word longer than any kept reaches beyond the bytes read and is left
+    // out by its length.
+    const qint64 reach = MaxWordLength + 2;
+    const qint64 base = std::max<qint64>(0, from - reach);
+    const QByteArrayView text =
+        rangeOf(editor, base, std::min<qint64>(send(editor, Sci::SCI_GETLENGTH), to + reach));
+    qint64 start = from - base;
+    qint64 end = to - base;
+    while (start > 0 && isWordByte(text[start - 1])) {
+        --start;
+    }
+    while (end < text.size() && isWordByte(text[end])) {
+        ++end;
+    }
+    // Only what the index has read is counted; words beyond where it reads
+    // are read when it gets there, and a place it has read that reaches
+    // beyond is read again.
+    if (!m_complete) {
+        const qint64 read = m_indexedTo - base;
+        if (start >= read) {
+            return;
+        }
+        if (end > read) {
+            end = read;
+            m_indexedTo = base + start;
+        }
+    }
+    const bool cutAtEnd = end < text.size() && isWordByte(text[end]);
+    forEachWord(text.sliced(start, end - start), false, cutAtEnd,
+                [this, sign](QByteArrayView word) {
+                    if (sign > 0) {
+                        addWord(word);
+                    } else if (const auto it = m_index.find(word.toByteArray());
+                               it != m_index.end() && --*it <= 0) {
+                        m_index.erase(it);
+                    }
+                    return true;
+                });
 }
 
 } // namespace koru::sedgui

@@ -3,6 +3,7 @@
 #include "sedguiexport.h"
 
 #include <QByteArray>
+#include <QHash>
 #include <QObject>
 #include <QSet>
 #include <QStringList>
@@ -20,7 +21,11 @@ class SedGUI;
 // Typing never waits for a scan of the whole document: the words near the
 // caret are read on each request from a bounded window, and every document
 // keeps an index of its words that is built in slices while the program is
-// idle, from the first time any document asks for words.
+// idle, from the first time any document asks for words. The index counts
+// every word and follows each edit by recounting only the words the edit
+// touches, so the work per keystroke does not grow with the document; an
+// edit too large for that, or a change it was not told about, has the index
+// built again in slices, the old words still offered until it is done.
 class SEDGUI_EXPORT WordCompleter : public QObject
 {
     Q_OBJECT
@@ -31,7 +36,8 @@ public:
     static constexpr int MinimumPrefix = 3;
     // Bytes read on each side of the caret on every request.
     static constexpr qint64 Window = 32 * 1024;
-    // Bytes the index reads in one slice, and the most words it keeps.
+    // Bytes the index reads in one slice, and the most words it keeps. An
+    // edit larger than a slice has the index built again.
     static constexpr qint64 IndexSlice = 256 * 1024;
     static constexpr qsizetype MaxIndexedWords = 200000;
 
@@ -44,21 +50,40 @@ public:
     QStringList candidates(const QByteArray &prefix);
 
     // True once the index has read the whole document.
-    bool isIndexed() const { return m_indexedTo >= 0 && !m_indexTimer.isActive(); }
+    bool isIndexed() const
+    {
+        return m_indexedTo >= 0 && !m_indexTimer.isActive() && !m_checkTimer.isActive();
+    }
 
 private:
     void onCharAdded(int ch);
     // Starts building the index if it has not been started.
     void startIndexing();
+    void restartIndexing();
     void indexSlice();
+    void onModified(int position, int type, int length);
+    // Adds (sign 1) or takes away (-1) the words that lie in [from, to)
+    // widened to whole words, as far as the index has read.
+    void recount(qint64 from, qint64 to, int sign);
+    void addWord(QByteArrayView word);
     QByteArray prefixAtCaret(qint64 *caret) const;
     void addKeywords(QSet<QByteArray> *words) const;
 
     SedGUI *m_tool;
-    QSet<QByteArray> m_index;
-    // Where the index goes on reading; -1 before it started.
+    // How often each word occurs in the part of the document read so far.
+    QHash<QByteArray, qint32> m_index;
+    // The words of the index before it was started again, until it is complete.
+    QHash<QByteArray, qint32> m_previous;
+    // Where the index goes on reading; -1 before it started. It always lies
+    // just after a character that is not part of a word.
     qint64 m_indexedTo = -1;
+    bool m_complete = false;
     QTimer m_indexTimer;
+    // Changes heard of as text changes and as edits with a place; when they
+    // differ, some change came without a place and the index is built again.
+    qint64 m_textChanges = 0;
+    qint64 m_edits = 0;
+    QTimer m_checkTimer;
 };
 
 } // namespace koru::sedgui
