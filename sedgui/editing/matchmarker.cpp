@@ -3,6 +3,8 @@
 #include "editing/scintillacalls.h"
 #include "searchcore.h"
 
+#include <QRegularExpression>
+
 #include <Qsci/qsciscintilla.h>
 
 #include <algorithm>
@@ -44,6 +46,16 @@ SearchCore coreFor(const SearchQuery &query)
     return SearchCore(query.pattern, options);
 }
 
+// True when no match of the regular expression can hold or look past a line
+// end: it names no line-end character, class or escape that may stand for one,
+// negates no class and changes no newline or dot rule.
+bool staysWithinLines(const QString &pattern)
+{
+    static const QRegularExpression mayCross(QStringLiteral(
+        R"(\\[nrsvhRDWSHVXCGpPxoc0-9]|\[\^|\[:\^|\[:(space|cntrl):\]|\(\?[a-zA-Z^-]*s|\(\*)"));
+    return !mayCross.match(pattern).hasMatch();
+}
+
 } // namespace
 
 MatchMarker::MatchMarker(QsciScintilla *editor, QObject *parent)
@@ -60,10 +72,30 @@ MatchMarker::MatchMarker(QsciScintilla *editor, QObject *parent)
     send(editor, Sci::SCI_INDICSETOUTLINEALPHA, Indicator, 200);
     send(editor, Sci::SCI_INDICSETUNDER, Indicator, 1);
 
+    // Edits are taken in once the event that made them is over, all at once.
+    m_editTimer.setSingleShot(true);
+    m_editTimer.setInterval(0);
     connect(editor, &QsciScintilla::textChanged, this, [this] {
         if (!m_query.pattern.isEmpty()) {
-            restart();
+            ++m_textChanges;
+            m_editTimer.start();
         }
+    });
+    connect(editor, &QsciScintillaBase::SCN_MODIFIED, this,
+            [this](int position, int type, const char *, int length) {
+                onModified(position, type, length);
+            });
+    connect(&m_editTimer, &QTimer::timeout, this, [this] {
+        const bool placed = m_textChanges == m_edits;
+        if (!m_query.pattern.isEmpty()) {
+            if (placed && m_editFrom >= 0 && takeInEdit()) {
+                Q_EMIT changed();
+            } else {
+                restart();
+            }
+        }
+        m_textChanges = m_edits = 0;
+        m_editFrom = -1;
     });
     connect(editor, &QsciScintilla::selectionChanged, this, &MatchMarker::changed);
     connect(editor, &QsciScintillaBase::SCN_UPDATEUI, this, [this](int updated) {
@@ -83,6 +115,7 @@ void MatchMarker::setQuery(const SearchQuery &query)
     }
     m_query = query;
     m_core = core;
+    m_withinLines = staysWithinLines(query.pattern);
     restart();
 }
 
@@ -104,6 +137,101 @@ void MatchMarker::restart()
     m_timer.start();
     markVisible();
     Q_EMIT changed();
+}
+
+void MatchMarker::onModified(int position, int type, int length)
+{
+    const bool inserted = type & Sci::SC_MOD_INSERTTEXT;
+    if (m_query.pattern.isEmpty() || !(inserted || (type & Sci::SC_MOD_DELETETEXT))) {
+        return;
+    }
+    ++m_edits;
+    // One edited part that holds this edit and the ones before it.
+    const qint64 end = inserted ? position + length : position;
+    if (m_editFrom < 0) {
+        m_editFrom = position;
+        m_editTo = end;
+        m_editDelta = 0;
+    } else if (inserted) {
+        m_editTo = m_editTo >= position ? m_editTo + length : m_editTo;
+    } else if (m_editTo > position) {
+        m_editTo = std::max<qint64>(position, m_editTo - length);
+    }
+    m_editFrom = std::min<qint64>(m_editFrom, position);
+    m_editTo = std::max(m_editTo, end);
+    m_editDelta += inserted ? length : -length;
+}
+
+bool MatchMarker::takeInEdit()
+{
+    if (m_timer.isActive() || m_capped) {
+        return false;
+    }
+    const QByteArrayView text = scintilla::buffer(m_editor);
+    // Searching from before lo and on from hi goes as it did before the edit:
+    // no match that starts outside reads the edited text.
+    qint64 lo = m_editFrom;
+    qint64 hi = m_editTo;
+    if (!m_query.regex) {
+        // A character folded for case takes up to four bytes.
+        const qint64 reach = 4 * (m_query.pattern.size() + 1);
+        lo = std::max<qint64>(0, lo - reach);
+        hi = std::min<qint64>(text.size(), hi + reach);
+    } else if (m_withinLines) {
+        while (lo > 0 && text[lo - 1] != '\n' && m_editFrom - lo < EditReach) {
+            --lo;
+        }
+        while (hi < text.size() && text[hi] != '\n' && hi - m_editTo < EditReach) {
+            ++hi;
+        }
+        hi = std::min<qint64>(text.size(), hi + 1);
+    } else {
+        return false;
+    }
+    if (hi - lo > EditReach) {
+        return false;
+    }
+    const auto startingBefore = [this](qint64 at) {
+        return std::lower_bound(m_matches.begin(), m_matches.end(), at,
+                                [](const Range &range, qint64 pos) { return range.begin < pos; });
+    };
+    const auto first = startingBefore(lo);
+    auto old = startingBefore(hi - m_editDelta);
+    SearchCore::Match match;
+    if (first != m_matches.begin() && std::prev(first)->end >= lo) {
+        SearchCore::Match previous;
+        previous.begin = std::prev(first)->begin;
+        previous.end = std::prev(first)->end;
+        match = m_core.findAfter(text, previous);
+    } else {
+        match = m_core.find(text, lo);
+    }
+    std::vector<Range> found;
+    for (; match.found(); match = m_core.findAfter(text, match)) {
+        if (match.begin >= hi) {
+            while (old != m_matches.end() && old->begin + m_editDelta < match.begin) {
+                ++old;
+            }
+            if (old != m_matches.end() && old->begin + m_editDelta == match.begin &&
+                old->end + m_editDelta == match.end) {
+                break; // from here on the count is what it was
+            }
+            if (match.begin - hi > EditReach) {
+                return false;
+            }
+        }
+        found.push_back({match.begin, match.end});
+    }
+    if (!match.found()) {
+        old = m_matches.end();
+    }
+    for (auto it = old; it != m_matches.end(); ++it) {
+        it->begin += m_editDelta;
+        it->end += m_editDelta;
+    }
+    const auto at = m_matches.erase(first, old);
+    m_matches.insert(at, found.begin(), found.end());
+    return qint64(m_matches.size()) < MaxCounted;
 }
 
 void MatchMarker::countSlice()
@@ -164,11 +292,11 @@ QString MatchMarker::summary() const
     QString total = QString::number(count());
     if (m_capped) {
         total += QLatin1Char('+');
-    } else if (isCounting()) {
+    } else if (m_timer.isActive()) {
         total += QStringLiteral("\u2026");
     }
     if (count() == 0) {
-        return isCounting() ? tr("Counting\u2026") : tr("No matches");
+        return m_timer.isActive() ? tr("Counting\u2026") : tr("No matches");
     }
     const qint64 current = currentIndex();
     if (current > 0) {

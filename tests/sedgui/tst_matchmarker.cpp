@@ -4,6 +4,7 @@
 #include "sedgui.h"
 
 #include <QLineEdit>
+#include <QRegularExpression>
 #include <QTest>
 
 #include <Qsci/qsciscintilla.h>
@@ -19,6 +20,8 @@ class TestMatchMarker : public QObject
 private Q_SLOTS:
     void countAsTyped_data();
     void countAsTyped();
+    void countFollowsEdits_data();
+    void countFollowsEdits();
 };
 
 void TestMatchMarker::countAsTyped_data()
@@ -73,6 +76,78 @@ void TestMatchMarker::countAsTyped()
         QCOMPARE(bar->matchSummary(), QStringLiteral("1 of %1").arg(expected.size()));
         QCOMPARE(tool.editor()->selectedText(), expected.first().section(u':', 1));
     }
+}
+
+void TestMatchMarker::countFollowsEdits_data()
+{
+    // Edits made at once: "N+text" inserts text at N, "N-M" deletes M bytes at N.
+    QTest::addColumn<QString>("pattern");
+    QTest::addColumn<searchpatterns::Options>("options");
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QStringList>("edits");
+    QTest::addColumn<bool>("inPlace"); // taken in without counting again from the start
+    const auto row = [](const char *tag, const char *pattern, searchpatterns::Options options,
+                        const QByteArray &text, const char *edits, bool inPlace) {
+        QTest::newRow(tag) << QString(pattern) << options << text << QString(edits).split(u' ')
+                           << inPlace;
+    };
+    using searchpatterns::R;
+    using searchpatterns::W;
+    row("a match inserted", "foo", {}, "foo bar foo", "4+foo_", true);
+    row("a match deleted", "foo", {}, "foo bar foo", "0-4", true);
+    row("two halves joined", "foo", {}, "fo x o foo", "2-3", true);
+    row("a word made whole", "foo", W, "foo foox foo", "7-1", true);
+    row("overlapping candidates shift far on", "aa", {}, QByteArray(199, 'a'), "0+a", true);
+    row("far from the edit, moved", "foo", {}, QByteArray("foo ").repeated(10000),
+        "20001+x 39000-5", true);
+    row("lines of a regular expression", "^\\w+", R, "ab\ncd\nef", "3-3 0+x_", true);
+    row("empty matches at line starts", "^", R, "a\nb\nc", "1-1 2+\n\n", true);
+    row("a pattern across lines counts again", "b\\nc", R, "a\nb\nc", "1-1 0+b\n", false);
+}
+
+void TestMatchMarker::countFollowsEdits()
+{
+    QFETCH(QString, pattern);
+    QFETCH(searchpatterns::Options, options);
+    QFETCH(QByteArray, text);
+    QFETCH(QStringList, edits);
+    QFETCH(bool, inPlace);
+    QStringList summaries; // outlives the tool, which says it was cleared as it goes
+    SedGUI tool;
+    QsciScintilla *editor = tool.editor();
+    editor->SendScintilla(QsciScintillaBase::SCI_SETTEXT, 0ul, text.constData());
+    tool.show();
+    tool.find();
+    auto *bar = tool.findChild<FindBar *>();
+    SearchQuery query;
+    query.pattern = pattern;
+    query.regex = options.testFlag(SearchCore::RegularExpression);
+    query.wholeWord = options.testFlag(SearchCore::WholeWord);
+    bar->marker()->setQuery(query);
+    QTRY_VERIFY(!bar->marker()->isCounting());
+    connect(bar->marker(), &MatchMarker::changed, this,
+            [&] { summaries << bar->marker()->summary(); });
+    for (const QString &edit : std::as_const(edits)) {
+        const qsizetype sign = edit.indexOf(QRegularExpression(QStringLiteral("[+-]")));
+        const ulong at = edit.left(sign).toULong();
+        const QByteArray rest = edit.mid(sign + 1).replace(u'_', u' ').toUtf8();
+        if (edit[sign] == u'+')
+            editor->SendScintilla(QsciScintillaBase::SCI_INSERTTEXT, at, rest.constData());
+        else
+            editor->SendScintilla(QsciScintillaBase::SCI_DELETERANGE, at, rest.toLong());
+    }
+    // The last match selected, and "n of m" compared with a count from the start.
+    query.backwards = true;
+    const long length = editor->SendScintilla(QsciScintillaBase::SCI_GETLENGTH);
+    const SearchMatch last = TextSearcher::find(editor, query, length);
+    editor->SendScintilla(QsciScintillaBase::SCI_SETSEL, ulong(last.start), long(last.end));
+    QTRY_VERIFY(!bar->marker()->isCounting());
+    const QString summary = bar->matchSummary();
+    QCOMPARE(summaries.filter(QStringLiteral("Counting")).isEmpty(), inPlace);
+    bar->marker()->setQuery(query);
+    QTRY_VERIFY(!bar->marker()->isCounting());
+    QCOMPARE(summary, bar->matchSummary());
+    QVERIFY(summary.contains(QStringLiteral(" of ")));
 }
 
 QTEST_MAIN(TestMatchMarker)
