@@ -1,7 +1,6 @@
 #include "editing/wordcompleter.h"
 #include "sedgui.h"
 
-#include <QRegularExpression>
 #include <QTest>
 
 #include <Qsci/qsciscintilla.h>
@@ -57,51 +56,46 @@ void TestWordCompleter::offers()
 
 void TestWordCompleter::followsEdits_data()
 {
-    // Edits of another document: "N+text" types text at N ("@" pastes a text
-    // larger than an index slice), "N-M" deletes M bytes at N, "undo" is the tool's.
+    // Edits of another document, "N,M,text": the bytes [N, N+M) selected and
+    // text typed over them (Backspace for none); "undo" is the tool's Undo.
     QTest::addColumn<QByteArray>("text");
-    QTest::addColumn<QStringList>("edits");
+    QTest::addColumn<QString>("edits");
     QTest::addColumn<QStringList>("expected"); // for "zeb"
-    const auto row = [](const char *tag, const char *text, const char *edits,
-                        const QStringList &expected) {
-        QTest::newRow(tag) << QByteArray(text) << QString(edits).split(u' ') << expected;
-    };
-    row("a typed word", "alpha\n", "6+zebrafish", {"zebrafish"});
-    row("one of two deleted", "zebra zebu zebra\n", "0-6", {"zebra", "zebu"});
-    row("deleted everywhere", "zebra zebu zebra\n", "0-6 4-6", {"zebu"});
-    row("a word split", "zebrafish\n", "5+_", {"zebra"});
-    row("two words joined", "zeb ra\n", "3-1", {"zebra"});
-    row("undone without a place", "alpha\n", "6+zebrafish undo", {});
-    row("a large paste", "zebra\n", "0+@", {"zebra", "zebrafish"});
+    QTest::newRow("a typed word") << "alpha\n"_qba
+                                  << "6,0,zebrafish" << QStringList{"zebrafish"};
+    QTest::newRow("one of two deleted") << "zebra zebu zebra\n"_qba
+                                        << "0,6," << QStringList{"zebra", "zebu"};
+    QTest::newRow("deleted everywhere") << "zebra zebu zebra\n"_qba
+                                        << "0,6, 4,6," << QStringList{"zebu"};
+    QTest::newRow("a word split") << "zebrafish\n"_qba
+                                  << "5,1,-f" << QStringList{"zebra"};
+    QTest::newRow("two words joined") << "zeb ra\n"_qba
+                                      << "3,1," << QStringList{"zebra"};
+    QTest::newRow("undone without a place") << "alpha\n"_qba
+                                            << "6,0,zebrafish undo" << QStringList();
 }
 
 void TestWordCompleter::followsEdits()
 {
     QFETCH(QByteArray, text);
-    QFETCH(QStringList, edits);
+    QFETCH(QString, edits);
     SedGUI tool;
     SedGUI other;
     QsciScintilla *editor = other.editor();
     editor->SendScintilla(QsciScintillaBase::SCI_SETTEXT, 0ul, text.constData());
     auto *completer = tool.findChild<WordCompleter *>();
     completer->candidates("zeb"); // starts the indexes
-    QTRY_VERIFY(other.findChild<WordCompleter *>()->isIndexed());
-    for (const QString &edit : std::as_const(edits)) {
-        const qsizetype sign = edit.indexOf(QRegularExpression(QStringLiteral("[+-]")));
-        const ulong at = edit.left(sign).toULong();
-        const QString rest = edit.mid(sign + 1);
+    for (const QString &edit : edits.split(u' ')) {
+        QTRY_VERIFY(other.findChild<WordCompleter *>()->isIndexed());
+        const QStringList part = edit.split(u',');
         if (edit == u"undo") {
             other.undo();
-        } else if (rest == u"@") {
-            const QByteArray big = QByteArray(WordCompleter::IndexSlice, ' ') + "zebrafish ";
-            editor->SendScintilla(QsciScintillaBase::SCI_INSERTTEXT, at, big.constData());
-        } else if (edit[sign] == u'+') {
-            editor->SendScintilla(QsciScintillaBase::SCI_GOTOPOS, at);
-            QTest::keyClicks(editor, QString(rest).replace(u'_', u' '));
-        } else {
-            editor->SendScintilla(QsciScintillaBase::SCI_SETSEL, at, long(at + rest.toULong()));
-            QTest::keyClick(editor, Qt::Key_Backspace);
+            continue;
         }
+        editor->SendScintilla(QsciScintillaBase::SCI_SETSEL, part[0].toULong(),
+                              part[0].toLong() + part[1].toLong());
+        part[2].isEmpty() ? QTest::keyClick(editor, Qt::Key_Backspace)
+                          : QTest::keyClicks(editor, part[2]);
     }
     QTRY_VERIFY(other.findChild<WordCompleter *>()->isIndexed());
     QTEST(completer->candidates("zeb"), "expected");
