@@ -52,7 +52,7 @@ SearchCore coreFor(const SearchQuery &query)
 bool staysWithinLines(const QString &pattern)
 {
     static const QRegularExpression mayCross(QStringLiteral(
-        R"(\\[nrsvhRDWSHVXCGpPxoc0-9]|\[\^|\[:\^|\[:(space|cntrl):\]|\(\?[a-zA-Z^-]*s|\(\*)"));
+        R"(\\[nrsvhNRDWSHVXCGpPxoc0-9]|\[\^|\[:\^|\[:(space|cntrl):\]|\(\?[a-zA-Z^-]*s|\(\*)"));
     return !mayCross.match(pattern).hasMatch();
 }
 
