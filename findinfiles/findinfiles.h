@@ -2,10 +2,12 @@
 
 #include "findinfilesdialog.h"
 #include "hitspan.h"
+#include "replaceplan.h"
 #include "resultwindow.h"
 #include "searchoptions.h"
 #include "searchsummary.h"
 
+#include <QHash>
 #include <QObject>
 #include <QPointer>
 #include <QString>
@@ -35,6 +37,17 @@ public:
     void startSearch(const SearchOptions &options);
     void stopSearch();
 
+    // Replace in files: finds every change, shows them for the user to check
+    // and confirm, then makes the checked ones and reports in the pane. Files
+    // open in the editor are changed in their buffers, the others on disk.
+    void startReplace(const SearchOptions &options, const QString &replacement);
+    // The changes a replace would make; *error says why there are none when
+    // the search is not valid.
+    QList<ReplaceFile> planReplace(const SearchOptions &options, const QString &replacement,
+                                   QString *error) const;
+    // Makes the checked changes of a plan.
+    ReplaceSummary applyReplace(const QList<ReplaceFile> &plan) const;
+
     FindInFilesDialog *dialog() const { return m_dialog; }
     ResultWindow *resultWindow() const { return m_results; }
     SearchEngine *engine() const { return m_engine; }
@@ -49,9 +62,15 @@ public:
     static QString headingFor(const SearchOptions &options);
     // The outcome, as the status bar and the pane's last line say it.
     static QString summaryText(const SearchSummary &summary);
+    static QString replaceSummaryText(const ReplaceSummary &summary);
 
 private:
     void ensureResultWindow();
+    void clearPane(const QString &heading);
+    void searchOpenDocuments(const SearchOptions &options);
+    void openHit(const QString &file, int line);
+    void showReplaceSummary(const QString &heading, const ReplaceSummary &summary);
+    static QString whereText(const SearchOptions &options);
     QString frontToolSelection() const;
     void showHits(const QString &lines, const HitSpans &spans);
     HitSpan spanAt(int paneLine) const;
@@ -71,4 +90,7 @@ private:
     // The span of each line of the pane, by line number; lines past its end
     // and lines without a valid span are not hits.
     HitSpans m_spans;
+    // The untitled documents that hits of the pane lie in, by the name the
+    // pane gives them: a name that is no file, so the tab is found here.
+    QHash<QString, QPointer<QWidget>> m_untitled;
 };
