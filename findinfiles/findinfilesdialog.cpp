@@ -54,7 +54,7 @@ FindInFilesDialog::FindInFilesDialog(QWidget *parent)
     auto *form = new QFormLayout;
     form->addRow(tr("Fi&nd what:"), m_text);
     m_replaceWith = new QLineEdit(this);
-    m_replaceWith->setPlaceholderText(tr("For Replace: \\1 names a group of the expression"));
+    m_replaceWith->setPlaceholderText(tr("With a regular expression, \\1 to \\9 name its groups"));
     form->addRow(tr("Re&place with:"), m_replaceWith);
     // A row holding a layout gets no buddy of its own: give the mnemonic one.
     auto *folderLabel = new QLabel(tr("In &folder:"), this);

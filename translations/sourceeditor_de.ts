@@ -226,6 +226,66 @@
         <source>No search hits</source>
         <translation>Keine Suchtreffer</translation>
     </message>
+    <message>
+        <source>%1 is no longer open</source>
+        <translation>%1 ist nicht mehr geöffnet</translation>
+    </message>
+    <message>
+        <source>%1: the document cannot be changed</source>
+        <translation>%1: Das Dokument kann nicht geändert werden</translation>
+    </message>
+    <message>
+        <source>Replacing "%1" with "%2" in %3</source>
+        <translation>Ersetze „%1“ durch „%2“ in %3</translation>
+    </message>
+    <message>
+        <source>Nothing to replace: no match</source>
+        <translation>Nichts zu ersetzen: kein Treffer</translation>
+    </message>
+    <message>
+        <source>Replace cancelled: nothing was changed</source>
+        <translation>Ersetzen abgebrochen: Nichts wurde geändert</translation>
+    </message>
+    <message>
+        <source>Changed since the preview, left as it is: %1</source>
+        <translation>Seit der Vorschau geändert, unverändert gelassen: %1</translation>
+    </message>
+    <message>
+        <source>Not replaced: %1</source>
+        <translation>Nicht ersetzt: %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n replacement(s)</source>
+        <translation>
+            <numerusform>%n Ersetzung</numerusform>
+            <numerusform>%n Ersetzungen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source> in %n file(s)</source>
+        <translation>
+            <numerusform> in %n Datei</numerusform>
+            <numerusform> in %n Dateien</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>; %n file(s) changed since the preview and skipped</source>
+        <translation>
+            <numerusform>; %n Datei seit der Vorschau geändert und übersprungen</numerusform>
+            <numerusform>; %n Dateien seit der Vorschau geändert und übersprungen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>; %n file(s) failed</source>
+        <translation>
+            <numerusform>; %n Datei fehlgeschlagen</numerusform>
+            <numerusform>; %n Dateien fehlgeschlagen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>the open documents</source>
+        <translation>den geöffneten Dokumenten</translation>
+    </message>
 </context>
 <context>
     <name>FindInFilesDialog</name>
@@ -296,6 +356,26 @@
     <message>
         <source>In a git working tree, skip the files and folders that git ignores</source>
         <translation>In einem Git-Arbeitsverzeichnis die Dateien und Ordner überspringen, die Git ignoriert</translation>
+    </message>
+    <message>
+        <source>With a regular expression, \1 to \9 name its groups</source>
+        <translation>Bei einem regulären Ausdruck benennen \1 bis \9 seine Gruppen</translation>
+    </message>
+    <message>
+        <source>Re&amp;place with:</source>
+        <translation>&amp;Ersetzen durch:</translation>
+    </message>
+    <message>
+        <source>Only &amp;open documents</source>
+        <translation>Nur geöffnete Dokume&amp;nte</translation>
+    </message>
+    <message>
+        <source>Search the documents open in the editor as they are now, unsaved changes included, instead of the folder's files</source>
+        <translation>Die im Editor geöffneten Dokumente so durchsuchen, wie sie jetzt sind, ungespeicherte Änderungen eingeschlossen, statt der Dateien des Ordners</translation>
+    </message>
+    <message>
+        <source>R&amp;eplace...</source>
+        <translation>Erset&amp;zen...</translation>
     </message>
 </context>
 <context>
@@ -404,6 +484,54 @@
     <message>
         <source>Close</source>
         <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>ReplacePlanner</name>
+    <message>
+        <source>Cannot read %1: %2</source>
+        <translation>%1 kann nicht gelesen werden: %2</translation>
+    </message>
+</context>
+<context>
+    <name>ReplacePreview</name>
+    <message>
+        <source>Replace in Files</source>
+        <translation>In Dateien ersetzen</translation>
+    </message>
+    <message>
+        <source>File / line</source>
+        <translation>Datei / Zeile</translation>
+    </message>
+    <message>
+        <source>Now</source>
+        <translation>Jetzt</translation>
+    </message>
+    <message>
+        <source>After the replace</source>
+        <translation>Nach dem Ersetzen</translation>
+    </message>
+    <message>
+        <source>%1 (open: changed in the editor, not saved)</source>
+        <translation>%1 (geöffnet: wird im Editor geändert, nicht gespeichert)</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 - %n change(s)</source>
+        <translation>
+            <numerusform>%1 - %n Änderung</numerusform>
+            <numerusform>%1 - %n Änderungen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&amp;Replace</source>
+        <translation>&amp;Ersetzen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n change(s) in %1 file(s); uncheck what must stay as it is.</source>
+        <translation>
+            <numerusform>%n Änderung in %1 Datei(en); nehmen Sie das Häkchen weg, wo nichts geändert werden soll.</numerusform>
+            <numerusform>%n Änderungen in %1 Datei(en); nehmen Sie das Häkchen weg, wo nichts geändert werden soll.</numerusform>
+        </translation>
     </message>
 </context>
 <context>
