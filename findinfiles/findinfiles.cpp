@@ -370,13 +370,14 @@ void FindInFiles::showReplaceSummary(const QString &heading, const ReplaceSummar
 
 QString FindInFiles::replaceSummaryText(const ReplaceSummary &summary)
 {
-    QString text = tr("%n replacement(s)", nullptr, int(summary.replacements)) +
-                   tr(" in %n file(s)", nullptr, int(summary.files));
+    QString text = (summary.replacements == 1 ? tr("1 replacement")
+                                              : tr("%1 replacements").arg(summary.replacements)) +
+                   (summary.files == 1 ? tr(" in 1 file") : tr(" in %1 files").arg(summary.files));
     if (!summary.changedSincePreview.isEmpty())
-        text += tr("; %n file(s) changed since the preview and skipped", nullptr,
-                   int(summary.changedSincePreview.size()));
+        text +=
+            tr("; %1 skipped, changed since the preview").arg(summary.changedSincePreview.size());
     if (!summary.failed.isEmpty())
-        text += tr("; %n file(s) failed", nullptr, int(summary.failed.size()));
+        text += tr("; %1 failed").arg(summary.failed.size());
     return text;
 }
 

@@ -41,11 +41,11 @@ FindInFilesDialog::FindInFilesDialog(QWidget *parent)
     m_text->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
 
     m_folder = new QLineEdit(this);
-    auto *browse = new QPushButton(tr("&Browse..."), this);
-    browse->setAutoDefault(false);
+    m_browse = new QPushButton(tr("&Browse..."), this);
+    m_browse->setAutoDefault(false);
     auto *folderRow = new QHBoxLayout;
     folderRow->addWidget(m_folder, 1);
-    folderRow->addWidget(browse);
+    folderRow->addWidget(m_browse);
 
     m_include = new QLineEdit(this);
     m_include->setPlaceholderText(tr("All files, or globs such as *.cpp; *.h"));
@@ -98,7 +98,7 @@ FindInFilesDialog::FindInFilesDialog(QWidget *parent)
     layout->addWidget(m_status);
     layout->addWidget(buttons);
 
-    connect(browse, &QPushButton::clicked, this, &FindInFilesDialog::browse);
+    connect(m_browse, &QPushButton::clicked, this, &FindInFilesDialog::browse);
     connect(m_find, &QPushButton::clicked, this, &FindInFilesDialog::find);
     connect(m_stop, &QPushButton::clicked, this, &FindInFilesDialog::stopRequested);
     connect(m_replace, &QPushButton::clicked, this, &FindInFilesDialog::replace);
@@ -174,8 +174,8 @@ void FindInFilesDialog::updateButtons()
     m_stop->setEnabled(m_searching);
     // The folder and its filters do not apply to the open documents.
     const bool inFolder = !m_openDocuments->isChecked();
-    for (QWidget *widget :
-         std::initializer_list<QWidget *>{m_folder, m_include, m_exclude, m_hidden, m_gitIgnore})
+    for (QWidget *widget : std::initializer_list<QWidget *>{m_folder, m_browse, m_include,
+                                                            m_exclude, m_hidden, m_gitIgnore})
         widget->setEnabled(inFolder);
 }
 

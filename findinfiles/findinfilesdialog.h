@@ -57,6 +57,7 @@ private:
     QLineEdit *m_replaceWith = nullptr;
     QPushButton *m_replace = nullptr;
     QLineEdit *m_folder = nullptr;
+    QPushButton *m_browse = nullptr;
     QLineEdit *m_include = nullptr;
     QLineEdit *m_exclude = nullptr;
     QLabel *m_status = nullptr;

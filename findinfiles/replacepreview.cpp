@@ -11,6 +11,16 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+namespace {
+
+QString changesText(qsizetype count)
+{
+    return count == 1 ? ReplacePreview::tr("1 change")
+                      : ReplacePreview::tr("%1 changes").arg(count);
+}
+
+} // namespace
+
 ReplacePreview::ReplacePreview(const QList<ReplaceFile> &plan, const QString &heading,
                                QWidget *parent)
     : QDialog(parent)
@@ -23,7 +33,7 @@ ReplacePreview::ReplacePreview(const QList<ReplaceFile> &plan, const QString &he
     label->setWordWrap(true);
 
     m_tree = new QTreeWidget(this);
-    m_tree->setHeaderLabels({tr("File / line"), tr("Now"), tr("After the replace")});
+    m_tree->setHeaderLabels({tr("Line"), tr("Now"), tr("After the replace")});
     m_tree->setUniformRowHeights(true);
     m_tree->setRootIsDecorated(true);
     qsizetype total = 0;
@@ -32,8 +42,10 @@ ReplacePreview::ReplacePreview(const QList<ReplaceFile> &plan, const QString &he
         QString name = QDir::toNativeSeparators(file.shownName);
         if (file.document)
             name = tr("%1 (open: changed in the editor, not saved)").arg(name);
-        fileItem->setText(0, tr("%1 - %n change(s)", nullptr, int(file.changes.size())).arg(name));
+        fileItem->setText(0, name + QStringLiteral(" - ") + changesText(file.changes.size()));
         fileItem->setFlags(fileItem->flags() | Qt::ItemIsUserCheckable | Qt::ItemIsAutoTristate);
+        // The file's name over the whole row: the columns are the changes'.
+        fileItem->setFirstColumnSpanned(true);
         for (const ReplaceChange &change : file.changes) {
             auto *item = new QTreeWidgetItem(fileItem);
             item->setText(0, QString::number(change.line));
@@ -45,15 +57,18 @@ ReplacePreview::ReplacePreview(const QList<ReplaceFile> &plan, const QString &he
         total += file.changes.size();
     }
     m_tree->expandAll();
-    m_tree->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    m_tree->setColumnWidth(0, 120);
+    m_tree->header()->setStretchLastSection(false);
+    m_tree->header()->setSectionResizeMode(1, QHeaderView::Stretch);
+    m_tree->header()->setSectionResizeMode(2, QHeaderView::Stretch);
 
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, this);
     QPushButton *replace = buttons->addButton(tr("&Replace"), QDialogButtonBox::AcceptRole);
     replace->setDefault(true);
+    const QString files =
+        m_plan.size() == 1 ? tr("in 1 file") : tr("in %1 files").arg(m_plan.size());
     auto *count = new QLabel(
-        tr("%n change(s) in %1 file(s); uncheck what must stay as it is.", nullptr, int(total))
-            .arg(m_plan.size()),
-        this);
+        tr("%1 %2; uncheck what must stay as it is.").arg(changesText(total), files), this);
 
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(label);

@@ -254,37 +254,25 @@
         <source>Not replaced: %1</source>
         <translation>Nicht ersetzt: %1</translation>
     </message>
-    <message numerus="yes">
-        <source>%n replacement(s)</source>
-        <translation>
-            <numerusform>%n Ersetzung</numerusform>
-            <numerusform>%n Ersetzungen</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source> in %n file(s)</source>
-        <translation>
-            <numerusform> in %n Datei</numerusform>
-            <numerusform> in %n Dateien</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>; %n file(s) changed since the preview and skipped</source>
-        <translation>
-            <numerusform>; %n Datei seit der Vorschau geändert und übersprungen</numerusform>
-            <numerusform>; %n Dateien seit der Vorschau geändert und übersprungen</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>; %n file(s) failed</source>
-        <translation>
-            <numerusform>; %n Datei fehlgeschlagen</numerusform>
-            <numerusform>; %n Dateien fehlgeschlagen</numerusform>
-        </translation>
-    </message>
     <message>
         <source>the open documents</source>
         <translation>den geöffneten Dokumenten</translation>
+    </message>
+    <message>
+        <source>1 replacement</source>
+        <translation>1 Ersetzung</translation>
+    </message>
+    <message>
+        <source>%1 replacements</source>
+        <translation>%1 Ersetzungen</translation>
+    </message>
+    <message>
+        <source>; %1 skipped, changed since the preview</source>
+        <translation>; %1 übersprungen, seit der Vorschau geändert</translation>
+    </message>
+    <message>
+        <source>; %1 failed</source>
+        <translation>; %1 fehlgeschlagen</translation>
     </message>
 </context>
 <context>
@@ -500,8 +488,8 @@
         <translation>In Dateien ersetzen</translation>
     </message>
     <message>
-        <source>File / line</source>
-        <translation>Datei / Zeile</translation>
+        <source>Line</source>
+        <translation>Zeile</translation>
     </message>
     <message>
         <source>Now</source>
@@ -515,23 +503,29 @@
         <source>%1 (open: changed in the editor, not saved)</source>
         <translation>%1 (geöffnet: wird im Editor geändert, nicht gespeichert)</translation>
     </message>
-    <message numerus="yes">
-        <source>%1 - %n change(s)</source>
-        <translation>
-            <numerusform>%1 - %n Änderung</numerusform>
-            <numerusform>%1 - %n Änderungen</numerusform>
-        </translation>
-    </message>
     <message>
         <source>&amp;Replace</source>
         <translation>&amp;Ersetzen</translation>
     </message>
-    <message numerus="yes">
-        <source>%n change(s) in %1 file(s); uncheck what must stay as it is.</source>
-        <translation>
-            <numerusform>%n Änderung in %1 Datei(en); nehmen Sie das Häkchen weg, wo nichts geändert werden soll.</numerusform>
-            <numerusform>%n Änderungen in %1 Datei(en); nehmen Sie das Häkchen weg, wo nichts geändert werden soll.</numerusform>
-        </translation>
+    <message>
+        <source>1 change</source>
+        <translation>1 Änderung</translation>
+    </message>
+    <message>
+        <source>%1 changes</source>
+        <translation>%1 Änderungen</translation>
+    </message>
+    <message>
+        <source>in 1 file</source>
+        <translation>in 1 Datei</translation>
+    </message>
+    <message>
+        <source>in %1 files</source>
+        <translation>in %1 Dateien</translation>
+    </message>
+    <message>
+        <source>%1 %2; uncheck what must stay as it is.</source>
+        <translation>%1 %2; nehmen Sie das Häkchen weg, wo nichts geändert werden soll.</translation>
     </message>
 </context>
 <context>
