@@ -20,11 +20,12 @@ class SearchEngine;
 // Attaches Find in Files to a main window: the action opens the dialog, the
 // search streams its hits into a result pane in a dock at the bottom (made on
 // first use), the status bar shows progress and the outcome. A double-clicked
-// hit goes to the window's onOpenFile(QString,int) slot, connected by its
-// signature so that nothing here depends on the window's class; the tool then
-// in front is asked to select the match (its selectRange method, called by
-// name). F4 and Shift+F4 go to the next and previous hit from anywhere in the
-// window. Owned by the window.
+// hit goes to the window's onOpenFile(QString,int) slot, called by name so
+// that nothing here depends on the window's class; the tool then in front is
+// asked to select the match (its selectRange method, called by name). A hit in
+// an untitled document, which has no file to open, brings its tab to the front
+// instead. F4 and Shift+F4 go to the next and previous hit from anywhere in
+// the window. Owned by the window.
 class FindInFiles : public QObject
 {
     Q_OBJECT
