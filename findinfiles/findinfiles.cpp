@@ -1,18 +1,29 @@
 #include "findinfiles.h"
 
+#include "filenameescape.h"
+#include "filewalker.h"
 #include "findinfilesdialog.h"
 #include "hitformatter.h"
+#include "opendocuments.h"
+#include "replaceplanner.h"
+#include "replacepreview.h"
 #include "resultwindow.h"
 #include "searchengine.h"
+#include "textmatcher.h"
 
 #include <QAction>
 #include <QDir>
 #include <QDockWidget>
+#include <QFile>
+#include <QGuiApplication>
 #include <QMainWindow>
 #include <QMetaObject>
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QTextBlock>
+
+#include <algorithm>
+#include <climits>
 
 FindInFiles::FindInFiles(QMainWindow *window, QAction *findInFilesAction)
     : QObject(window)
@@ -58,6 +69,7 @@ void FindInFiles::showDialog()
         m_dialog = new FindInFilesDialog(m_window);
         connect(m_dialog, &FindInFilesDialog::findRequested, this, &FindInFiles::startSearch);
         connect(m_dialog, &FindInFilesDialog::stopRequested, this, &FindInFiles::stopSearch);
+        connect(m_dialog, &FindInFilesDialog::replaceRequested, this, &FindInFiles::startReplace);
     }
     // The shell makes the front tool's folder the working directory; follow it
     // unless the user chose another folder since it last changed.
@@ -109,11 +121,25 @@ void FindInFiles::ensureResultWindow()
     m_dock->setWidget(m_results);
     m_window->addDockWidget(Qt::BottomDockWidgetArea, m_dock);
 
-    // By signature: the window's class is not known here.
-    QObject::connect(m_results, "2sigOpenFile(QString,int)", m_window, "1onOpenFile(QString,int)");
+    connect(m_results, &ResultWindow::sigOpenFile, this, &FindInFiles::openHit);
     connect(m_results, &ResultWindow::sigForceStopFindInFiles, this, &FindInFiles::stopSearch);
-    // Connected after the window's slot, so the hit's file is open by then.
-    connect(m_results, &ResultWindow::sigOpenFile, this, &FindInFiles::selectMatch);
+}
+
+void FindInFiles::openHit(const QString &file, int line)
+{
+    const auto untitled = m_untitled.constFind(file);
+    if (untitled != m_untitled.cend()) {
+        const HitSpan span = spanAt(m_results->textCursor().blockNumber());
+        if (!OpenDocuments::show(m_window, untitled->data(), line, std::max(span.column, 0),
+                                 span.length))
+            showStatus(tr("%1 is no longer open").arg(file), 3000);
+        return;
+    }
+    // By name: the window's class is not known here. The tool in front is then
+    // the hit's file, whose match is selected.
+    QMetaObject::invokeMethod(m_window, "onOpenFile", Qt::DirectConnection, Q_ARG(QString, file),
+                              Q_ARG(int, line));
+    selectMatch(file, line);
 }
 
 HitSpan FindInFiles::spanAt(int paneLine) const
@@ -154,21 +180,205 @@ void FindInFiles::selectMatch(const QString &file, int line)
                               Q_ARG(int, line), Q_ARG(int, span.column), Q_ARG(int, span.length));
 }
 
-void FindInFiles::startSearch(const SearchOptions &options)
+void FindInFiles::clearPane(const QString &heading)
 {
     ensureResultWindow();
     m_engine->stop();
     m_results->clear();
     m_spans.clear();
-    m_results->appendPlainText(HitFormatter::noteLine(headingFor(options)));
+    m_untitled.clear();
+    m_results->appendPlainText(HitFormatter::noteLine(heading));
     m_dock->show();
     m_dock->raise();
+}
+
+void FindInFiles::startSearch(const SearchOptions &options)
+{
+    clearPane(headingFor(options));
+    if (options.openDocumentsOnly) {
+        searchOpenDocuments(options);
+        return;
+    }
     if (m_dialog) {
         m_dialog->setSearching(true);
         m_dialog->setStatus(tr("Searching..."));
     }
     showStatus(tr("Searching..."));
     m_engine->start(options);
+}
+
+void FindInFiles::searchOpenDocuments(const SearchOptions &options)
+{
+    // The buffers are in memory and read in place by the tools, on this thread.
+    SearchSummary summary;
+    const TextMatcher matcher(options);
+    if (!matcher.isValid())
+        summary.error = matcher.errorString();
+    QString lines;
+    HitSpans spans;
+    const QList<OpenDocuments::Document> docs =
+        matcher.isValid() ? OpenDocuments::collect(m_window) : QList<OpenDocuments::Document>();
+    for (const OpenDocuments::Document &doc : docs) {
+        const QString name = doc.shownName();
+        const qint64 hitsBefore = summary.hits;
+        matcher.findLines(doc.text, [&](const TextMatcher::LineHit &hit) {
+            if (++summary.hits > options.maxHitLines) {
+                ++summary.hitsNotShown;
+                return true;
+            }
+            if (!spans.isEmpty())
+                lines += QLatin1Char('\n');
+            lines += HitFormatter::hitLine(name, hit.line, hit.text, hit.column);
+            spans.append({int(std::min<qsizetype>(hit.column, INT_MAX)),
+                          int(std::min<qsizetype>(hit.length, INT_MAX))});
+            return true;
+        });
+        ++summary.filesSearched;
+        if (summary.hits > hitsBefore) {
+            ++summary.filesWithHits;
+            if (doc.file.isEmpty())
+                m_untitled.insert(name, doc.tool);
+        }
+    }
+    if (!spans.isEmpty())
+        showHits(lines, spans);
+    searchFinished(summary);
+}
+
+QList<ReplaceFile> FindInFiles::planReplace(const SearchOptions &options,
+                                            const QString &replacement, QString *error) const
+{
+    QList<ReplaceFile> plan;
+    const ReplacePlanner planner(options, replacement);
+    if (!planner.isValid()) {
+        *error = planner.errorString();
+        return plan;
+    }
+    const QList<OpenDocuments::Document> docs = OpenDocuments::collect(m_window);
+    // An open document is planned on its buffer, which is what it changes.
+    const auto planDocument = [&](const OpenDocuments::Document &doc) {
+        ReplaceFile file;
+        file.changes = planner.changesIn(doc.text);
+        if (file.changes.isEmpty())
+            return;
+        file.path = doc.file;
+        file.shownName = doc.shownName();
+        file.inEditor = true;
+        file.document = doc.tool.data();
+        file.fingerprint = ReplacePlanner::fingerprint(doc.text);
+        plan.append(file);
+    };
+    if (options.openDocumentsOnly) {
+        for (const OpenDocuments::Document &doc : docs)
+            planDocument(doc);
+        return plan;
+    }
+    FileWalker walker(options);
+    walker.walk([&](const QByteArray &path) {
+        if (const OpenDocuments::Document *doc =
+                OpenDocuments::findFile(docs, QFile::decodeName(path))) {
+            planDocument(*doc);
+            return true;
+        }
+        ReplaceFile file;
+        if (planner.planFile(path, &file)) {
+            file.shownName = koru::sedgui::FileNameEscape::fromBytes(path);
+            plan.append(file);
+        }
+        return true;
+    });
+    return plan;
+}
+
+ReplaceSummary FindInFiles::applyReplace(const QList<ReplaceFile> &plan) const
+{
+    ReplaceSummary summary;
+    for (const ReplaceFile &file : plan) {
+        const qsizetype count = file.checkedChanges();
+        if (count == 0)
+            continue;
+        const QString name = QDir::toNativeSeparators(file.shownName);
+        if (file.inEditor) {
+            auto *tool = qobject_cast<QWidget *>(file.document.data());
+            OpenDocuments::Document now;
+            if (!OpenDocuments::read(tool, &now) ||
+                ReplacePlanner::fingerprint(now.text) != file.fingerprint) {
+                summary.changedSincePreview.append(name);
+                continue;
+            }
+            if (!OpenDocuments::replace(tool, file.changes)) {
+                summary.failed.append(tr("%1: the document cannot be changed").arg(name));
+                continue;
+            }
+        } else {
+            QString error;
+            switch (ReplacePlanner::write(file, &error)) {
+            case ReplacePlanner::Outcome::Changed:
+                summary.changedSincePreview.append(name);
+                continue;
+            case ReplacePlanner::Outcome::Failed:
+                summary.failed.append(error);
+                continue;
+            case ReplacePlanner::Outcome::Written:
+                break;
+            }
+        }
+        summary.replacements += count;
+        ++summary.files;
+    }
+    return summary;
+}
+
+void FindInFiles::startReplace(const SearchOptions &options, const QString &replacement)
+{
+    m_engine->stop();
+    const QString heading =
+        tr("Replacing \"%1\" with \"%2\" in %3").arg(options.text, replacement, whereText(options));
+    QString error;
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    const QList<ReplaceFile> plan = planReplace(options, replacement, &error);
+    QGuiApplication::restoreOverrideCursor();
+    const QString nothing = error.isEmpty() ? tr("Nothing to replace: no match") : error;
+    if (plan.isEmpty()) {
+        showStatus(nothing, 5000);
+        if (m_dialog)
+            m_dialog->setStatus(nothing);
+        return;
+    }
+    ReplacePreview preview(plan, heading, m_dialog ? static_cast<QWidget *>(m_dialog) : m_window);
+    if (preview.exec() != QDialog::Accepted) {
+        showStatus(tr("Replace cancelled: nothing was changed"), 5000);
+        return;
+    }
+    showReplaceSummary(heading, applyReplace(preview.plan()));
+}
+
+void FindInFiles::showReplaceSummary(const QString &heading, const ReplaceSummary &summary)
+{
+    clearPane(heading);
+    for (const QString &file : summary.changedSincePreview)
+        m_results->appendPlainText(
+            HitFormatter::noteLine(tr("Changed since the preview, left as it is: %1").arg(file)));
+    for (const QString &failure : summary.failed)
+        m_results->appendPlainText(HitFormatter::noteLine(tr("Not replaced: %1").arg(failure)));
+    const QString text = replaceSummaryText(summary);
+    m_results->appendPlainText(HitFormatter::noteLine(text));
+    showStatus(text);
+    if (m_dialog)
+        m_dialog->setStatus(text);
+}
+
+QString FindInFiles::replaceSummaryText(const ReplaceSummary &summary)
+{
+    QString text = (summary.replacements == 1 ? tr("1 replacement")
+                                              : tr("%1 replacements").arg(summary.replacements)) +
+                   (summary.files == 1 ? tr(" in 1 file") : tr(" in %1 files").arg(summary.files));
+    if (!summary.changedSincePreview.isEmpty())
+        text +=
+            tr("; %1 skipped, changed since the preview").arg(summary.changedSincePreview.size());
+    if (!summary.failed.isEmpty())
+        text += tr("; %1 failed").arg(summary.failed.size());
+    return text;
 }
 
 void FindInFiles::stopSearch()
@@ -236,11 +446,16 @@ QString FindInFiles::headingFor(const SearchOptions &options)
     how << (options.caseSensitive ? tr("match case") : tr("any case"));
     if (options.wholeWord)
         how << tr("whole words");
-    if (!options.includeGlobs.isEmpty())
+    if (!options.includeGlobs.isEmpty() && !options.openDocumentsOnly)
         how << tr("files %1").arg(options.includeGlobs.join(QStringLiteral(", ")));
     return tr("Searching for \"%1\" in %2 (%3)")
-        .arg(options.text, QDir::toNativeSeparators(options.folder),
-             how.join(QStringLiteral(", ")));
+        .arg(options.text, whereText(options), how.join(QStringLiteral(", ")));
+}
+
+QString FindInFiles::whereText(const SearchOptions &options)
+{
+    return options.openDocumentsOnly ? tr("the open documents")
+                                     : QDir::toNativeSeparators(options.folder);
 }
 
 QString FindInFiles::summaryText(const SearchSummary &summary)

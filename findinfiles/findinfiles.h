@@ -2,10 +2,12 @@
 
 #include "findinfilesdialog.h"
 #include "hitspan.h"
+#include "replaceplan.h"
 #include "resultwindow.h"
 #include "searchoptions.h"
 #include "searchsummary.h"
 
+#include <QHash>
 #include <QObject>
 #include <QPointer>
 #include <QString>
@@ -18,11 +20,12 @@ class SearchEngine;
 // Attaches Find in Files to a main window: the action opens the dialog, the
 // search streams its hits into a result pane in a dock at the bottom (made on
 // first use), the status bar shows progress and the outcome. A double-clicked
-// hit goes to the window's onOpenFile(QString,int) slot, connected by its
-// signature so that nothing here depends on the window's class; the tool then
-// in front is asked to select the match (its selectRange method, called by
-// name). F4 and Shift+F4 go to the next and previous hit from anywhere in the
-// window. Owned by the window.
+// hit goes to the window's onOpenFile(QString,int) slot, called by name so
+// that nothing here depends on the window's class; the tool then in front is
+// asked to select the match (its selectRange method, called by name). A hit in
+// an untitled document, which has no file to open, brings its tab to the front
+// instead. F4 and Shift+F4 go to the next and previous hit from anywhere in
+// the window. Owned by the window.
 class FindInFiles : public QObject
 {
     Q_OBJECT
@@ -34,6 +37,17 @@ public:
     void showDialog();
     void startSearch(const SearchOptions &options);
     void stopSearch();
+
+    // Replace in files: finds every change, shows them for the user to check
+    // and confirm, then makes the checked ones and reports in the pane. Files
+    // open in the editor are changed in their buffers, the others on disk.
+    void startReplace(const SearchOptions &options, const QString &replacement);
+    // The changes a replace would make; *error says why there are none when
+    // the search is not valid.
+    QList<ReplaceFile> planReplace(const SearchOptions &options, const QString &replacement,
+                                   QString *error) const;
+    // Makes the checked changes of a plan.
+    ReplaceSummary applyReplace(const QList<ReplaceFile> &plan) const;
 
     FindInFilesDialog *dialog() const { return m_dialog; }
     ResultWindow *resultWindow() const { return m_results; }
@@ -49,9 +63,15 @@ public:
     static QString headingFor(const SearchOptions &options);
     // The outcome, as the status bar and the pane's last line say it.
     static QString summaryText(const SearchSummary &summary);
+    static QString replaceSummaryText(const ReplaceSummary &summary);
 
 private:
     void ensureResultWindow();
+    void clearPane(const QString &heading);
+    void searchOpenDocuments(const SearchOptions &options);
+    void openHit(const QString &file, int line);
+    void showReplaceSummary(const QString &heading, const ReplaceSummary &summary);
+    static QString whereText(const SearchOptions &options);
     QString frontToolSelection() const;
     void showHits(const QString &lines, const HitSpans &spans);
     HitSpan spanAt(int paneLine) const;
@@ -71,4 +91,7 @@ private:
     // The span of each line of the pane, by line number; lines past its end
     // and lines without a valid span are not hits.
     HitSpans m_spans;
+    // The untitled documents that hits of the pane lie in, by the name the
+    // pane gives them: a name that is no file, so the tab is found here.
+    QHash<QString, QPointer<QWidget>> m_untitled;
 };

@@ -41,11 +41,11 @@ FindInFilesDialog::FindInFilesDialog(QWidget *parent)
     m_text->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
 
     m_folder = new QLineEdit(this);
-    auto *browse = new QPushButton(tr("&Browse..."), this);
-    browse->setAutoDefault(false);
+    m_browse = new QPushButton(tr("&Browse..."), this);
+    m_browse->setAutoDefault(false);
     auto *folderRow = new QHBoxLayout;
     folderRow->addWidget(m_folder, 1);
-    folderRow->addWidget(browse);
+    folderRow->addWidget(m_browse);
 
     m_include = new QLineEdit(this);
     m_include->setPlaceholderText(tr("All files, or globs such as *.cpp; *.h"));
@@ -53,6 +53,9 @@ FindInFilesDialog::FindInFilesDialog(QWidget *parent)
 
     auto *form = new QFormLayout;
     form->addRow(tr("Fi&nd what:"), m_text);
+    m_replaceWith = new QLineEdit(this);
+    m_replaceWith->setPlaceholderText(tr("With a regular expression, \\1 to \\9 name its groups"));
+    form->addRow(tr("Re&place with:"), m_replaceWith);
     // A row holding a layout gets no buddy of its own: give the mnemonic one.
     auto *folderLabel = new QLabel(tr("In &folder:"), this);
     folderLabel->setBuddy(m_folder);
@@ -71,6 +74,10 @@ FindInFilesDialog::FindInFilesDialog(QWidget *parent)
     for (QCheckBox *box : {m_caseSensitive, m_wholeWord, m_regex, m_hidden, m_gitIgnore})
         optionsRow->addWidget(box);
     optionsRow->addStretch(1);
+    m_openDocuments = new QCheckBox(tr("Only &open documents"), this);
+    m_openDocuments->setToolTip(
+        tr("Search the documents open in the editor as they are now, unsaved changes included, "
+           "instead of the folder's files"));
 
     m_status = new QLabel(this);
     m_status->setTextFormat(Qt::PlainText);
@@ -79,18 +86,23 @@ FindInFilesDialog::FindInFilesDialog(QWidget *parent)
     auto *buttons = new QDialogButtonBox(this);
     m_find = buttons->addButton(tr("&Find"), QDialogButtonBox::AcceptRole);
     m_find->setDefault(true);
+    m_replace = buttons->addButton(tr("R&eplace..."), QDialogButtonBox::ActionRole);
+    m_replace->setAutoDefault(false);
     m_stop = buttons->addButton(tr("&Stop"), QDialogButtonBox::ActionRole);
     QPushButton *close = buttons->addButton(QDialogButtonBox::Close);
 
     auto *layout = new QVBoxLayout(this);
     layout->addLayout(form);
     layout->addLayout(optionsRow);
+    layout->addWidget(m_openDocuments);
     layout->addWidget(m_status);
     layout->addWidget(buttons);
 
-    connect(browse, &QPushButton::clicked, this, &FindInFilesDialog::browse);
+    connect(m_browse, &QPushButton::clicked, this, &FindInFilesDialog::browse);
     connect(m_find, &QPushButton::clicked, this, &FindInFilesDialog::find);
     connect(m_stop, &QPushButton::clicked, this, &FindInFilesDialog::stopRequested);
+    connect(m_replace, &QPushButton::clicked, this, &FindInFilesDialog::replace);
+    connect(m_openDocuments, &QCheckBox::toggled, this, &FindInFilesDialog::updateButtons);
     // Close leaves a running search going into the pane; Escape stops it (reject).
     connect(close, &QPushButton::clicked, this, [this] { done(QDialog::Rejected); });
     connect(m_text, &QComboBox::editTextChanged, this, &FindInFilesDialog::updateButtons);
@@ -111,6 +123,7 @@ SearchOptions FindInFilesDialog::options() const
     options.folder = folder();
     options.includeGlobs = SearchOptions::splitGlobs(m_include->text());
     options.excludeGlobs = SearchOptions::splitGlobs(m_exclude->text());
+    options.openDocumentsOnly = m_openDocuments->isChecked();
     return options;
 }
 
@@ -157,7 +170,13 @@ void FindInFilesDialog::reject()
 void FindInFilesDialog::updateButtons()
 {
     m_find->setEnabled(!m_text->currentText().isEmpty());
+    m_replace->setEnabled(!m_text->currentText().isEmpty() && !m_searching);
     m_stop->setEnabled(m_searching);
+    // The folder and its filters do not apply to the open documents.
+    const bool inFolder = !m_openDocuments->isChecked();
+    for (QWidget *widget : std::initializer_list<QWidget *>{m_folder, m_browse, m_include,
+                                                            m_exclude, m_hidden, m_gitIgnore})
+        widget->setEnabled(inFolder);
 }
 
 void FindInFilesDialog::browse()
@@ -170,14 +189,28 @@ void FindInFilesDialog::browse()
 void FindInFilesDialog::find()
 {
     const SearchOptions search = options();
-    if (search.text.isEmpty())
+    if (search.text.isEmpty() || !checkWhere(search))
         return;
-    if (!QFileInfo(search.folder).isDir()) {
-        setStatus(tr("The folder %1 does not exist.").arg(search.folder));
-        return;
-    }
     saveSettings();
     emit findRequested(search);
+}
+
+bool FindInFilesDialog::checkWhere(const SearchOptions &search)
+{
+    if (!search.openDocumentsOnly && !QFileInfo(search.folder).isDir()) {
+        setStatus(tr("The folder %1 does not exist.").arg(search.folder));
+        return false;
+    }
+    return true;
+}
+
+void FindInFilesDialog::replace()
+{
+    const SearchOptions search = options();
+    if (search.text.isEmpty() || m_searching || !checkWhere(search))
+        return;
+    saveSettings();
+    emit replaceRequested(search, m_replaceWith->text());
 }
 
 void FindInFilesDialog::loadSettings()
@@ -194,6 +227,9 @@ void FindInFilesDialog::loadSettings()
     m_hidden->setChecked(settings.value(QLatin1String(Keys::IncludeHidden), false).toBool());
     m_gitIgnore->setChecked(settings.value(QLatin1String(Keys::RespectGitIgnore), true).toBool());
     m_include->setText(settings.value(QLatin1String(Keys::IncludeGlobs)).toString());
+    m_openDocuments->setChecked(
+        settings.value(QLatin1String(Keys::OpenDocumentsOnly), false).toBool());
+    m_replaceWith->setText(settings.value(QLatin1String(Keys::ReplaceWith)).toString());
     const QVariant exclude = settings.value(QLatin1String(Keys::ExcludeGlobs));
     m_exclude->setText(exclude.isValid() ? exclude.toString()
                                          : globText(SearchOptions::defaultExcludeGlobs()));
@@ -225,4 +261,6 @@ void FindInFilesDialog::saveSettings()
     settings.setValue(QLatin1String(Keys::RespectGitIgnore), m_gitIgnore->isChecked());
     settings.setValue(QLatin1String(Keys::IncludeGlobs), m_include->text());
     settings.setValue(QLatin1String(Keys::ExcludeGlobs), m_exclude->text());
+    settings.setValue(QLatin1String(Keys::OpenDocumentsOnly), m_openDocuments->isChecked());
+    settings.setValue(QLatin1String(Keys::ReplaceWith), m_replaceWith->text());
 }

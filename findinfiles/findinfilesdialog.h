@@ -36,12 +36,15 @@ public slots:
 
 signals:
     void findRequested(const SearchOptions &options);
+    void replaceRequested(const SearchOptions &options, const QString &replacement);
     void stopRequested();
 
 private:
     void loadSettings();
     void browse();
     void find();
+    bool checkWhere(const SearchOptions &search);
+    void replace();
     void updateButtons();
 
     QComboBox *m_text = nullptr;
@@ -50,7 +53,11 @@ private:
     QCheckBox *m_wholeWord = nullptr;
     QCheckBox *m_hidden = nullptr;
     QCheckBox *m_gitIgnore = nullptr;
+    QCheckBox *m_openDocuments = nullptr;
+    QLineEdit *m_replaceWith = nullptr;
+    QPushButton *m_replace = nullptr;
     QLineEdit *m_folder = nullptr;
+    QPushButton *m_browse = nullptr;
     QLineEdit *m_include = nullptr;
     QLineEdit *m_exclude = nullptr;
     QLabel *m_status = nullptr;

@@ -13,6 +13,8 @@ inline constexpr char IncludeHidden[] = "IncludeHidden";
 inline constexpr char RespectGitIgnore[] = "RespectGitIgnore";
 inline constexpr char IncludeGlobs[] = "IncludeGlobs";
 inline constexpr char ExcludeGlobs[] = "ExcludeGlobs";
+inline constexpr char OpenDocumentsOnly[] = "OpenDocumentsOnly";
+inline constexpr char ReplaceWith[] = "ReplaceWith";
 
 inline constexpr int MaxHistory = 20;
 

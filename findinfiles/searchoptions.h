@@ -20,6 +20,9 @@ struct SearchOptions
     bool includeHidden = false;
     // Skips what git ignores when the folder lies in a git work tree.
     bool respectGitIgnore = true;
+    // Searches the documents open in the editor, as they are now, instead of
+    // the folder's files.
+    bool openDocumentsOnly = false;
 
     // Hits beyond this many are counted but not written out: a pane of a few
     // hundred thousand lines is already more than anyone reads, and each line

@@ -226,6 +226,54 @@
         <source>No search hits</source>
         <translation>Keine Suchtreffer</translation>
     </message>
+    <message>
+        <source>%1 is no longer open</source>
+        <translation>%1 ist nicht mehr geöffnet</translation>
+    </message>
+    <message>
+        <source>%1: the document cannot be changed</source>
+        <translation>%1: Das Dokument kann nicht geändert werden</translation>
+    </message>
+    <message>
+        <source>Replacing "%1" with "%2" in %3</source>
+        <translation>Ersetze „%1“ durch „%2“ in %3</translation>
+    </message>
+    <message>
+        <source>Nothing to replace: no match</source>
+        <translation>Nichts zu ersetzen: kein Treffer</translation>
+    </message>
+    <message>
+        <source>Replace cancelled: nothing was changed</source>
+        <translation>Ersetzen abgebrochen: Nichts wurde geändert</translation>
+    </message>
+    <message>
+        <source>Changed since the preview, left as it is: %1</source>
+        <translation>Seit der Vorschau geändert, unverändert gelassen: %1</translation>
+    </message>
+    <message>
+        <source>Not replaced: %1</source>
+        <translation>Nicht ersetzt: %1</translation>
+    </message>
+    <message>
+        <source>the open documents</source>
+        <translation>den geöffneten Dokumenten</translation>
+    </message>
+    <message>
+        <source>1 replacement</source>
+        <translation>1 Ersetzung</translation>
+    </message>
+    <message>
+        <source>%1 replacements</source>
+        <translation>%1 Ersetzungen</translation>
+    </message>
+    <message>
+        <source>; %1 skipped, changed since the preview</source>
+        <translation>; %1 übersprungen, seit der Vorschau geändert</translation>
+    </message>
+    <message>
+        <source>; %1 failed</source>
+        <translation>; %1 fehlgeschlagen</translation>
+    </message>
 </context>
 <context>
     <name>FindInFilesDialog</name>
@@ -296,6 +344,26 @@
     <message>
         <source>In a git working tree, skip the files and folders that git ignores</source>
         <translation>In einem Git-Arbeitsverzeichnis die Dateien und Ordner überspringen, die Git ignoriert</translation>
+    </message>
+    <message>
+        <source>With a regular expression, \1 to \9 name its groups</source>
+        <translation>Bei einem regulären Ausdruck benennen \1 bis \9 seine Gruppen</translation>
+    </message>
+    <message>
+        <source>Re&amp;place with:</source>
+        <translation>&amp;Ersetzen durch:</translation>
+    </message>
+    <message>
+        <source>Only &amp;open documents</source>
+        <translation>Nur geöffnete Dokume&amp;nte</translation>
+    </message>
+    <message>
+        <source>Search the documents open in the editor as they are now, unsaved changes included, instead of the folder's files</source>
+        <translation>Die im Editor geöffneten Dokumente so durchsuchen, wie sie jetzt sind, ungespeicherte Änderungen eingeschlossen, statt der Dateien des Ordners</translation>
+    </message>
+    <message>
+        <source>R&amp;eplace...</source>
+        <translation>Erset&amp;zen...</translation>
     </message>
 </context>
 <context>
@@ -404,6 +472,60 @@
     <message>
         <source>Close</source>
         <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>ReplacePlanner</name>
+    <message>
+        <source>Cannot read %1: %2</source>
+        <translation>%1 kann nicht gelesen werden: %2</translation>
+    </message>
+</context>
+<context>
+    <name>ReplacePreview</name>
+    <message>
+        <source>Replace in Files</source>
+        <translation>In Dateien ersetzen</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>Zeile</translation>
+    </message>
+    <message>
+        <source>Now</source>
+        <translation>Jetzt</translation>
+    </message>
+    <message>
+        <source>After the replace</source>
+        <translation>Nach dem Ersetzen</translation>
+    </message>
+    <message>
+        <source>%1 (open: changed in the editor, not saved)</source>
+        <translation>%1 (geöffnet: wird im Editor geändert, nicht gespeichert)</translation>
+    </message>
+    <message>
+        <source>&amp;Replace</source>
+        <translation>&amp;Ersetzen</translation>
+    </message>
+    <message>
+        <source>1 change</source>
+        <translation>1 Änderung</translation>
+    </message>
+    <message>
+        <source>%1 changes</source>
+        <translation>%1 Änderungen</translation>
+    </message>
+    <message>
+        <source>in 1 file</source>
+        <translation>in 1 Datei</translation>
+    </message>
+    <message>
+        <source>in %1 files</source>
+        <translation>in %1 Dateien</translation>
+    </message>
+    <message>
+        <source>%1 %2; uncheck what must stay as it is.</source>
+        <translation>%1 %2; nehmen Sie das Häkchen weg, wo nichts geändert werden soll.</translation>
     </message>
 </context>
 <context>

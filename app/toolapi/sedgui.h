@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QVariant>
 
 #include <memory>
 
@@ -198,6 +199,16 @@ private:
     friend class ExternalChangeBatch;
     // Colour schemes (lexers/editorcolours.h): the scheme on the text view.
     EditorColours *m_colours = nullptr;
+    // Find in Files (tool/sedgui_findinfiles.cpp): called by name, as Find in
+    // Files cannot see this class. documentText() gives the buffer as UTF-8
+    // ("text"), the file ("file", empty when untitled) and the tab's name
+    // without the modified mark ("name"). replaceRanges() takes ascending,
+    // non-overlapping [begin, end, replacement] byte ranges of the buffer and
+    // applies them all as one undo step; nothing changes when one is invalid.
+    // selectSpan() is selectRange() without the file check.
+    Q_INVOKABLE QVariantMap documentText() const;
+    Q_INVOKABLE bool replaceRanges(const QVariantList &ranges);
+    Q_INVOKABLE bool selectSpan(int line, int column, int length);
 };
 
 } // namespace koru::sedgui

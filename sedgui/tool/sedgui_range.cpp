@@ -31,6 +31,11 @@ bool SedGUI::selectRange(const QString &file, int line, int column, int length)
     if (rawBytes || m_doc->filePath.isEmpty() ||
         comparablePath(path) != comparablePath(m_doc->filePath))
         return false;
+    return selectSpan(line, column, length);
+}
+
+bool SedGUI::selectSpan(int line, int column, int length)
+{
     const int lineCount = int(m_editor->SendScintilla(Sci::SCI_GETLINECOUNT));
     if (line < 1 || line > lineCount || column < 0 || length < 0)
         return false;

@@ -40,6 +40,14 @@ class FakeTool : public QWidget
 public:
     QString selection;
     QList<QVariantList> selected;
+    QVariantMap document; // what documentText() gives
+    QList<QVariantList> spans;
+    Q_INVOKABLE QVariantMap documentText() const { return document; }
+    Q_INVOKABLE bool selectSpan(int line, int column, int length)
+    {
+        spans.append({line, column, length});
+        return true;
+    }
     Q_INVOKABLE QString selectedText() const { return selection; }
     Q_INVOKABLE void selectRange(const QString &file, int line, int column, int length)
     {
@@ -241,6 +249,58 @@ private slots:
         m_fif->previousHitAction()->trigger();
         QCOMPARE(m_window->opened, (QList<std::pair<QString, int>>(4, {file, 2})));
         QCOMPARE(m_tool->selected, QList<QVariantList>(4, QVariantList{file, 2} + span));
+    }
+    // Only the open documents, as their buffers are now, are searched; a hit in
+    // a file goes through the window's open, one in an untitled document to its tab.
+    void openDocumentsOnlySearchesTheBuffers_data()
+    {
+        QTest::addColumn<QByteArray>("disk"); // the file's bytes on disk
+        QTest::addColumn<bool>("open");
+        QTest::addColumn<bool>("untitled");
+        QTest::addColumn<QByteArray>("buffer");
+        QTest::addColumn<int>("hitLine"); // 0: no hit
+        QTest::newRow("modified, the disk without the text")
+            << QByteArray("none\n") << true << false << QByteArray("a\r\nb needle\n") << 2;
+        QTest::newRow("modified, the text only on disk")
+            << QByteArray("needle\n") << true << false << QByteArray("gone\n") << 0;
+        QTest::newRow("a file not open")
+            << QByteArray("needle\n") << false << false << QByteArray() << 0;
+        QTest::newRow("untitled") << QByteArray() << true << true << QByteArray("a\rb\rx needle")
+                                  << 3;
+    }
+    void openDocumentsOnlySearchesTheBuffers()
+    {
+        QFETCH(QByteArray, disk);
+        QFETCH(bool, open);
+        QFETCH(bool, untitled);
+        QFETCH(QByteArray, buffer);
+        QFETCH(int, hitLine);
+        QTemporaryDir dir;
+        const QString file = dir.filePath(u"f.c"_s);
+        writeFile(file, disk);
+        auto *doc = new FakeTool;
+        doc->document = {{u"file"_s, untitled ? QString() : file},
+                         {u"name"_s, untitled ? u"Untitled 2"_s : u"f.c"_s},
+                         {u"text"_s, buffer}};
+        auto *tabs = qobject_cast<QTabWidget *>(m_window->centralWidget());
+        if (open)
+            tabs->addTab(doc, u"doc"_s);
+        SearchOptions options;
+        options.folder = dir.path();
+        options.text = u"needle"_s;
+        options.openDocumentsOnly = true;
+        m_fif->startSearch(options);
+        const QTextDocument *pane = m_fif->resultWindow()->document();
+        QCOMPARE(pane->blockCount(), hitLine ? 3 : 2); // heading, the hit, summary
+        if (hitLine) {
+            m_fif->resultWindow()->openLineAt(QTextCursor(pane->findBlockByNumber(1)));
+            const QList<std::pair<QString, int>> opened{{file, hitLine}};
+            QCOMPARE(m_window->opened, untitled ? decltype(opened)() : opened);
+            QCOMPARE(tabs->currentWidget(), untitled ? doc : m_tool);
+            const QList<QVariantList> span{{hitLine, 2, 6}};
+            QCOMPARE(doc->spans, untitled ? span : QList<QVariantList>());
+        }
+        delete doc;
     }
     void longLineKeepsTheMatchInView()
     {

@@ -1,0 +1,144 @@
+#include "replaceplanner.h"
+
+#include "linecounter.h"
+#include "safesaver.h"
+#include "searchcore.h"
+#include "searchoptions.h"
+#include "textfilecodec.h"
+
+#include <QCoreApplication>
+#include <QCryptographicHash>
+#include <QFile>
+
+#include <algorithm>
+#include <cstring>
+
+using koru::sedgui::LineCounter;
+using koru::sedgui::SafeSaver;
+using koru::sedgui::SearchCore;
+using koru::sedgui::TextFileCodec;
+
+namespace {
+
+// Larger files are left out of a replace: each is held whole while it is planned.
+constexpr qint64 MaxFileBytes = 256 * 1024 * 1024;
+// A NUL this early in the decoded text marks a binary file.
+constexpr qsizetype BinaryCheckBytes = 64 * 1024;
+
+qsizetype lineEndFrom(QByteArrayView text, qsizetype from)
+{
+    for (qsizetype i = from; i < text.size(); ++i) {
+        if (text[i] == '\n' || text[i] == '\r')
+            return i;
+    }
+    return text.size();
+}
+
+QString fromUtf8(QByteArrayView text, qsizetype from, qsizetype to)
+{
+    return QString::fromUtf8(text.sliced(from, to - from));
+}
+
+QString readError(const QFile &file)
+{
+    return QCoreApplication::translate("ReplacePlanner", "Cannot read %1: %2")
+        .arg(file.fileName(), file.errorString());
+}
+
+} // namespace
+
+ReplacePlanner::ReplacePlanner(const SearchOptions &options, const QString &replacement)
+    : m_matcher(options)
+    , m_replacement(replacement)
+{}
+
+QList<ReplaceChange> ReplacePlanner::changesIn(QByteArrayView utf8) const
+{
+    QList<ReplaceChange> changes;
+    if (!isValid())
+        return changes;
+    const SearchCore &core = m_matcher.core();
+    LineCounter lines(utf8);
+    for (SearchCore::Match match = core.find(utf8, 0); match.found();
+         match = core.findAfter(utf8, match)) {
+        ReplaceChange change;
+        change.begin = match.begin;
+        change.end = match.end;
+        change.text = core.replacement(utf8, match, m_replacement);
+        change.line = lines.lineAt(match.begin);
+        const qsizetype lineStart = lines.lineStart();
+        // A match may reach over a line break: the preview shows up to its end.
+        const qsizetype lineEnd = lineEndFrom(utf8, std::max(match.begin, match.end));
+        const QString head = fromUtf8(utf8, lineStart, match.begin);
+        const QString tail = fromUtf8(utf8, match.end, lineEnd);
+        change.before = head + fromUtf8(utf8, match.begin, match.end) + tail;
+        change.after = head + QString::fromUtf8(change.text) + tail;
+        change.column = head.size();
+        changes.append(change);
+    }
+    return changes;
+}
+
+bool ReplacePlanner::planFile(const QByteArray &path, ReplaceFile *file) const
+{
+    QFile input(QFile::decodeName(path));
+    if (input.size() > MaxFileBytes || !input.open(QIODevice::ReadOnly))
+        return false;
+    const QByteArray bytes = input.readAll();
+    if (input.error() != QFile::NoError)
+        return false;
+    const koru::sedgui::DecodedText decoded = TextFileCodec::decode(bytes);
+    if (std::memchr(decoded.utf8.constData(), 0,
+                    size_t(std::min(decoded.utf8.size(), BinaryCheckBytes))))
+        return false;
+    file->changes = changesIn(decoded.utf8);
+    file->path = input.fileName();
+    file->fingerprint = fingerprint(bytes);
+    return !file->changes.isEmpty();
+}
+
+QByteArray ReplacePlanner::fingerprint(QByteArrayView bytes)
+{
+    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256);
+}
+
+QByteArray ReplacePlanner::applied(QByteArrayView utf8, const QList<ReplaceChange> &changes)
+{
+    QByteArray result;
+    result.reserve(utf8.size());
+    qsizetype copied = 0;
+    for (const ReplaceChange &change : changes) {
+        if (!change.checked || change.begin < copied || change.end > utf8.size())
+            continue;
+        result += utf8.sliced(copied, change.begin - copied);
+        result += change.text;
+        copied = change.end;
+    }
+    result += utf8.sliced(copied);
+    return result;
+}
+
+ReplacePlanner::Outcome ReplacePlanner::write(const ReplaceFile &file, QString *error)
+{
+    QFile input(file.path);
+    if (!input.open(QIODevice::ReadOnly)) {
+        *error = readError(input);
+        return Outcome::Failed;
+    }
+    const QByteArray bytes = input.readAll();
+    if (input.error() != QFile::NoError) {
+        *error = readError(input);
+        return Outcome::Failed;
+    }
+    input.close();
+    if (fingerprint(bytes) != file.fingerprint)
+        return Outcome::Changed;
+    // The same bytes decode the same way, so the changes' offsets still hold.
+    const koru::sedgui::DecodedText decoded = TextFileCodec::decode(bytes);
+    const QByteArray utf8 = applied(decoded.utf8, file.changes);
+    QByteArray output;
+    if (!TextFileCodec::encode(utf8, decoded.format, &output, error) ||
+        !SafeSaver::save(file.path, output, error))
+        return Outcome::Failed;
+    return Outcome::Written;
+}

@@ -1,0 +1,107 @@
+#include "findinfiles.h"
+#include "sedgui.h"
+#include "writefile.h"
+
+#include <QMainWindow>
+#include <QTabWidget>
+#include <QTemporaryDir>
+
+#include <Qsci/qsciscintilla.h>
+
+using namespace Qt::StringLiterals;
+
+// Replace in files through the real editor tool: files on disk keep their
+// bytes but for the replacements, open documents change in their buffers.
+class TestReplaceInFiles : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void replaceKeepsTheRestOfEachFile_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QString>("text"); // a leading '~' makes it a regular expression
+        QTest::addColumn<QString>("replacement");
+        QTest::addColumn<QString>("setup");       // open, changed (after the preview), unchecked
+        QTest::addColumn<QByteArray>("expected"); // on disk afterwards
+        QTest::addColumn<int>("replacements");
+        // Enough accented text for the detector to settle on the legacy encoding.
+        const QByteArray cp1252 = "Caf\xe9 cr\xe8me br\xfbl\xe9"
+                                  "e \xe0 la fran\xe7"
+                                  "aise, "
+                                  "na\xefve fa\xe7"
+                                  "ade d\xe9j\xe0 \xe9t\xe9";
+        QTest::newRow("plain") << QByteArray("a foo b foo\n") << u"foo"_s << u"bar"_s << QString()
+                               << QByteArray("a bar b bar\n") << 2;
+        QTest::newRow("regex with groups")
+            << QByteArray("x=1\nyy=22\n") << u"~(\\w+)=(\\d+)"_s << u"\\2=\\1 $$"_s << QString()
+            << QByteArray("1=x $\n22=yy $\n") << 2;
+        QTest::newRow("windows-1252, crlf") << cp1252 + " foo\r\nfoo\r\n"
+                                            << u"foo"_s << u"f\u00e9e"_s << QString()
+                                            << cp1252 + " f\xe9"
+                                                        "e\r\nf\xe9"
+                                                        "e\r\n"
+                                            << 2;
+        QTest::newRow("open, modified")
+            << QByteArray("foo\n") << u"foo"_s << u"bar"_s << u"open"_s << QByteArray("foo\n") << 2;
+        QTest::newRow("changed after the preview")
+            << QByteArray("foo\n") << u"foo"_s << u"bar"_s << u"changed"_s
+            << QByteArray("foo, changed\n") << 0;
+        QTest::newRow("unchecked") << QByteArray("foo\n") << u"foo"_s << u"bar"_s << u"unchecked"_s
+                                   << QByteArray("foo\n") << 0;
+    }
+    void replaceKeepsTheRestOfEachFile()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, text);
+        QFETCH(QString, replacement);
+        QFETCH(QString, setup);
+        QFETCH(QByteArray, expected);
+        QFETCH(int, replacements);
+        QTemporaryDir dir;
+        const QString path = dir.filePath(u"f.txt"_s);
+        writeFile(path, bytes);
+        writeFile(dir.filePath(u"other.txt"_s), "no match\n");
+
+        QMainWindow window;
+        auto *tabs = new QTabWidget(&window);
+        window.setCentralWidget(tabs);
+        auto *fif = new FindInFiles(&window, nullptr);
+        auto *tool = new koru::sedgui::SedGUI;
+        tabs->addTab(tool, u"tool"_s);
+        QString error;
+        if (setup == u"open") {
+            QVERIFY(tool->openFile(path, &error));
+            tool->editor()->insertAt(u"foo "_s, 0, 0); // an unsaved edit
+        }
+
+        SearchOptions options;
+        options.folder = dir.path();
+        options.regularExpression = text.startsWith(u'~');
+        options.text = options.regularExpression ? text.mid(1) : text;
+        QList<ReplaceFile> plan = fif->planReplace(options, replacement, &error);
+        QVERIFY2(error.isEmpty(), qPrintable(error));
+        QCOMPARE(plan.size(), 1);
+        if (setup == u"changed")
+            writeFile(path, expected);
+        if (setup == u"unchecked")
+            plan.first().changes.first().checked = false;
+        const ReplaceSummary summary = fif->applyReplace(plan);
+        QCOMPARE(summary.replacements, replacements);
+        QCOMPARE(summary.changedSincePreview.size(), setup == u"changed" ? 1 : 0);
+        QVERIFY(summary.failed.isEmpty());
+
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), expected);
+        if (setup == u"open") {
+            QCOMPARE(tool->editor()->text(), u"bar bar\n"_s);
+            QVERIFY(tool->isModified());
+            tool->undo();
+            QCOMPARE(tool->editor()->text(), u"foo foo\n"_s);
+        }
+    }
+};
+
+QTEST_MAIN(TestReplaceInFiles)
+#include "tst_replaceinfiles.moc"
