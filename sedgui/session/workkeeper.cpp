@@ -4,7 +4,7 @@
 #include "journalstore.h"
 #include "sedgui.h"
 #include "session/recoverydialog.h"
-#include "templatetree.h"
+#include "session/tabopener.h"
 #include "tool/documentjournal.h"
 #include "tool/journalwriter.h"
 
@@ -133,8 +133,9 @@ void WorkKeeper::offerRecovery()
                 .arg(store->folder() + QLatin1String("/corrupt"), corrupt.join(QLatin1Char('\n'))));
     const auto restore = [&](const QList<JournalStore::Found> &journals) {
         for (const JournalStore::Found &found : journals) {
-            if (SedGUI *tool = openDocument(found.entry.path)) {
+            if (SedGUI *tool = TabOpener::open(m_window, found.entry.path)) {
                 DocumentJournal::restore(tool, found.entry, found.text);
+                emit restored(tool, found.entry.documentId);
                 store->discard(found);
             }
         }
@@ -161,24 +162,6 @@ void WorkKeeper::offerRecovery()
         break;
     }
     store->releaseClaims();
-}
-
-SedGUI *WorkKeeper::openDocument(const QString &path)
-{
-    TemplateTree *tree = TemplateTree::Instance();
-    const QList<SedGUI *> before = tree->documents();
-    if (path.isEmpty()) {
-        QMetaObject::invokeMethod(m_window, "onNewFile");
-    } else {
-        QMetaObject::invokeMethod(m_window, "onOpenFile", Q_ARG(QString, path), Q_ARG(int, 0));
-        if (SedGUI *open = tree->findDocument(path))
-            return open;
-    }
-    for (SedGUI *document : tree->documents()) {
-        if (!before.contains(document))
-            return document;
-    }
-    return nullptr;
 }
 
 } // namespace koru::sedgui

@@ -17,9 +17,9 @@ class SedGUI;
 // Keeps the user's work across every way the program can end. Attached to
 // the main window from main() and owned by it:
 // - after the window shows, offers back the unsaved documents of editors that
-//   ended without closing them (RecoveryDialog), opening them through the
-//   window's onOpenFile(QString,int) and onNewFile() slots; work kept on
-//   quit by the user's choice comes back without the question;
+//   ended without closing them (RecoveryDialog), opening them in the
+//   window's tabs (TabOpener); work kept on quit by the user's choice comes
+//   back without the question;
 // - on SIGTERM, SIGHUP and the desktop session's end, writes every document's
 //   recovery journal and ends the program as a clean exit would, without a
 //   question and without deleting a journal, so that the next start offers
@@ -41,11 +41,12 @@ Q_SIGNALS:
     // The program is about to end without closing its documents; their
     // journals are on disk.
     void endingKeepingWork();
+    // A document's unsaved work came back from the journal of that document id.
+    void restored(koru::sedgui::SedGUI *document, const QByteArray &journal);
 
 private:
     void onSignal();
     void onCommitData(QSessionManager &manager);
-    SedGUI *openDocument(const QString &path);
 
     QPointer<QMainWindow> m_window;
     QSocketNotifier *m_notifier = nullptr;
