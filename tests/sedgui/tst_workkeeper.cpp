@@ -2,6 +2,7 @@
 #include "journalstore.h"
 #include "sedgui.h"
 #include "tool/documentjournal.h"
+#include "tool/journalwriter.h"
 
 #include <QProcess>
 #include <QRandomGenerator>
@@ -168,6 +169,19 @@ void TstWorkKeeper::workSurvivesTheEnd()
             QCOMPARE(restored.findChild<DocumentJournal *>()->snapshot(), journal.text);
             QVERIFY(restored.isModified());
             QVERIFY(restored.textFormat() == format);
+            // Only its encoding changed: the journal, which records it, is written again.
+            TextFormat changed = format;
+            changed.encoding = format.encoding == "UTF-8" ? "UTF-16LE" : "UTF-8";
+            restored.setTextFormat(changed);
+            DocumentJournal::writeAll();
+            QFile rewritten(JournalWriter::instance()->store()->folder() + '/' +
+                            restored.findChild<DocumentJournal *>()->documentId() + ".journal");
+            JournalEntry entry;
+            QByteArray text;
+            QString problem;
+            QVERIFY(rewritten.open(QIODevice::ReadOnly) &&
+                    JournalStore::decode(rewritten.readAll(), &entry, &text, &problem));
+            QCOMPARE(entry.format.encoding, changed.encoding);
             store.discard(journal);
         }
         for (int i = 1; i < Documents; ++i)
