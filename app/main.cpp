@@ -31,7 +31,7 @@ int main(int argc, char *argv[])
     new koru::sedgui::ScreenFitter(&window);
     auto *work = new koru::sedgui::WorkKeeper(&window);
     // An end by signal or logout keeps the session as a clean exit does.
-    QObject::connect(work, &koru::sedgui::WorkKeeper::endingKeepingWork, session,
+    QObject::connect(work, &koru::sedgui::WorkKeeper::workKept, session,
                      &koru::sedgui::SessionKeeper::keep);
     // Recovered documents go to their places in the last session's tabs.
     QObject::connect(work, &koru::sedgui::WorkKeeper::restored, session,

@@ -65,6 +65,8 @@ WorkKeeper::WorkKeeper(QMainWindow *window)
         connect(m_notifier, &QSocketNotifier::activated, this, &WorkKeeper::onSignal);
     }
     connect(qGuiApp, &QGuiApplication::commitDataRequest, this, &WorkKeeper::onCommitData);
+    // The session's end reaches the program as a request to quit.
+    qGuiApp->installEventFilter(this);
     // Once the event loop runs, the window is on screen.
     QTimer::singleShot(0, this, &WorkKeeper::offerRecovery);
 }
@@ -84,9 +86,28 @@ void WorkKeeper::onSignal()
 
 void WorkKeeper::onCommitData(QSessionManager &)
 {
+    commitData();
+}
+
+void WorkKeeper::commitData()
+{
+    m_committed = true;
     DocumentJournal::writeAll();
-    // Not from inside the session manager's call.
-    QTimer::singleShot(0, this, &WorkKeeper::endKeepingWork);
+    emit workKept();
+}
+
+bool WorkKeeper::eventFilter(QObject *watched, QEvent *event)
+{
+    // After a commit, a request to quit while the window is still open is
+    // the session ending: left to the application, it would close the
+    // window and ask about every unsaved document. (The window's own close
+    // ends in a request to quit too, with the window gone.)
+    if (event->type() == QEvent::Quit && watched == qGuiApp && m_committed && m_window &&
+        m_window->isVisible()) {
+        endKeepingWork();
+        return true;
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 void WorkKeeper::endKeepingWork()
@@ -95,7 +116,7 @@ void WorkKeeper::endKeepingWork()
         return;
     m_ending = true;
     DocumentJournal::writeAll();
-    emit endingKeepingWork();
+    emit workKept();
     // Ends the event loops without closing the window, whose closing would
     // ask about every unsaved document; the documents are destroyed with the
     // window and keep their journals.

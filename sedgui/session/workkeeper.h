@@ -23,7 +23,9 @@ class SedGUI;
 // - on SIGTERM, SIGHUP and the desktop session's end, writes every document's
 //   recovery journal and ends the program as a clean exit would, without a
 //   question and without deleting a journal, so that the next start offers
-//   the work back.
+//   the work back. A logout first asks for the data to be committed: the
+//   journals are written then and the program goes on, since the user may
+//   still cancel the logout; it ends when the session ends.
 class SEDGUI_EXPORT WorkKeeper : public QObject
 {
     Q_OBJECT
@@ -36,13 +38,19 @@ public:
     void offerRecovery();
     // Writes every journal and ends the event loop (exit code 0).
     void endKeepingWork();
+    // Writes every journal for a session that is about to end; the program
+    // goes on, and ends keeping the work when the session ends.
+    void commitData();
 
 Q_SIGNALS:
-    // The program is about to end without closing its documents; their
-    // journals are on disk.
-    void endingKeepingWork();
+    // Every document's journal is on disk, for an end that does not close
+    // the documents (now, or the session's coming end): the session is kept.
+    void workKept();
     // A document's unsaved work came back from the journal of that document id.
     void restored(koru::sedgui::SedGUI *document, const QByteArray &journal);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void onSignal();
@@ -51,6 +59,7 @@ private:
     QPointer<QMainWindow> m_window;
     QSocketNotifier *m_notifier = nullptr;
     bool m_ending = false;
+    bool m_committed = false;
 };
 
 } // namespace koru::sedgui

@@ -9,12 +9,14 @@
 #include "session/savechangesdialog.h"
 #include "session/sessionkeeper.h"
 #include "session/workkeeper.h"
+#include "tool/documentjournal.h"
 
 #include <QAction>
 #include <QDir>
 #include <QFile>
 #include <QMap>
 #include <QScopeGuard>
+#include <QSignalSpy>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTemporaryDir>
@@ -100,6 +102,7 @@ private slots:
     void sessionComesBackWithoutVanishedFiles();
     void windowFitsTheScreen_data();
     void windowFitsTheScreen();
+    void logoutKeepsWorkUntilTheSessionEnds();
 };
 
 void TestSession::batchCloseFollowsTheOneAnswer_data()
@@ -294,6 +297,38 @@ void TestSession::windowFitsTheScreen()
     QFETCH(QRect, available);
     QFETCH(QRect, fitted);
     QCOMPARE(SessionKeeper::fitted(frame, available), fitted);
+}
+
+// A logout asks for the data first and may still be cancelled: the journal
+// and the session are written and everything stays open. The session's end,
+// a request to quit with the window open, then asks nothing.
+void TestSession::logoutKeepsWorkUntilTheSessionEnds()
+{
+    BaseUsrSettings("SRC_EDITOR").clear();
+    QTemporaryDir dir;
+    MainWindow window({});
+    SessionKeeper *keeper = attach(window);
+    auto *work = new WorkKeeper(&window);
+    connect(work, &WorkKeeper::workKept, keeper, &SessionKeeper::keep);
+    window.show();
+    window.onOpenFile(write(dir, "a.txt", "a\n"), 1);
+    document(window, 0)->editor()->insertAt(QStringLiteral("new "), 0, 0);
+    const QString journal = JournalStore::defaultFolder() + '/' +
+                            document(window, 0)->findChild<DocumentJournal *>()->documentId() +
+                            ".journal";
+    PromptRecorder prompts;
+    QSignalSpy kept(work, &WorkKeeper::workKept);
+
+    work->commitData();
+    QCoreApplication::processEvents();
+    QCOMPARE(kept.count(), 1);
+    QVERIFY(QFile::exists(journal));
+    QCOMPARE(SessionRecord::load().files.size(), 1);
+    QEvent quit(QEvent::Quit);
+    QCoreApplication::sendEvent(qApp, &quit);
+    QCOMPARE(kept.count(), 2);
+    QVERIFY(prompts.asked.isEmpty());
+    QCOMPARE(window.tabWidget()->count(), 1);
 }
 
 QTEST_MAIN(TestSession)
