@@ -13,6 +13,7 @@
 #include <QSessionManager>
 #include <QSocketNotifier>
 #include <QTimer>
+#include <QWindow>
 
 #include <cerrno>
 #include <csignal>
@@ -65,10 +66,9 @@ WorkKeeper::WorkKeeper(QMainWindow *window)
         connect(m_notifier, &QSocketNotifier::activated, this, &WorkKeeper::onSignal);
     }
     connect(qGuiApp, &QGuiApplication::commitDataRequest, this, &WorkKeeper::onCommitData);
-    // The session's end reaches the program as a request to quit.
+    // The session's end reaches the program as a request to quit; the
+    // window's first exposure says it is on screen.
     qGuiApp->installEventFilter(this);
-    // Once the event loop runs, the window is on screen.
-    QTimer::singleShot(0, this, &WorkKeeper::offerRecovery);
 }
 
 WorkKeeper::~WorkKeeper()
@@ -98,6 +98,13 @@ void WorkKeeper::commitData()
 
 bool WorkKeeper::eventFilter(QObject *watched, QEvent *event)
 {
+    // The offer waits for the window to be on screen, where the window
+    // manager put it, so that the prompt is centred on it.
+    if (event->type() == QEvent::Expose && m_offerDue && m_window &&
+        watched == m_window->windowHandle() && m_window->windowHandle()->isExposed()) {
+        m_offerDue = false;
+        QTimer::singleShot(0, this, &WorkKeeper::offerRecovery);
+    }
     // After a commit, a request to quit while the window is still open is
     // the session ending: left to the application, it would close the
     // window and ask about every unsaved document. (The window's own close

@@ -60,6 +60,7 @@ private:
     QSocketNotifier *m_notifier = nullptr;
     bool m_ending = false;
     bool m_committed = false;
+    bool m_offerDue = true;
 };
 
 } // namespace koru::sedgui
