@@ -6,14 +6,12 @@
 // stdout: "t D N" once document D has N pieces, "j D N" after a rest when
 // D's journal holds its N pieces, "stale D N" when it does not.
 #include "journalchildtext.h"
-#include "journalstore.h"
 #include "sedgui.h"
 #include "tool/documentjournal.h"
 #include "tool/journalwriter.h"
 #include "workkeeper.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QMainWindow>
 #include <QTimer>
 
@@ -31,14 +29,9 @@ void say(const char *what, int document, int pieces)
 
 bool journalHolds(const DocumentJournal *journal)
 {
-    QFile file(JournalWriter::instance()->store()->folder() + QLatin1Char('/') +
-               QString::fromLatin1(journal->documentId()) + QLatin1String(".journal"));
     JournalEntry entry;
-    QByteArray text;
-    QString problem;
-    return file.open(QIODevice::ReadOnly) &&
-           JournalStore::decode(file.readAll(), &entry, &text, &problem) &&
-           text == journal->snapshot();
+    return JournalChildText::journalText(JournalWriter::instance()->store()->folder(),
+                                         journal->documentId(), &entry) == journal->snapshot();
 }
 
 } // namespace

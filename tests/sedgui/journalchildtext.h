@@ -1,5 +1,9 @@
 #pragma once
 
+#include "journalstore.h"
+
+#include <QFile>
+
 #include <Qsci/qsciscintilla.h>
 
 // What the child editor types; tst_workkeeper types the same pieces to know
@@ -25,6 +29,20 @@ inline void typePiece(QsciScintilla *editor, int n)
         editor->SendScintilla(QsciScintillaBase::SCI_NEWLINE);
     else
         editor->SendScintilla(QsciScintillaBase::SCI_ADDTEXT, qstrlen(piece), piece);
+}
+
+// The text of a document's journal in folder, its header in *entry; empty
+// when there is no whole journal.
+inline QByteArray journalText(const QString &folder, const QByteArray &documentId,
+                              koru::sedgui::JournalEntry *entry)
+{
+    QFile file(folder + '/' + documentId + ".journal");
+    QByteArray text;
+    QString problem;
+    return file.open(QIODevice::ReadOnly) &&
+                   koru::sedgui::JournalStore::decode(file.readAll(), entry, &text, &problem)
+               ? text
+               : QByteArray();
 }
 
 } // namespace JournalChildText
