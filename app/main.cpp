@@ -3,6 +3,7 @@
 #include "findinfiles.h"
 #include "mainwindow.h"
 #include "menuactionman.h"
+#include "sedgui.h"
 #include "session/sessionkeeper.h"
 #include "session/workkeeper.h"
 #include "window/drophandler.h"
@@ -30,8 +31,11 @@ int main(int argc, char *argv[])
     new koru::sedgui::ScreenFitter(&window);
     auto *work = new koru::sedgui::WorkKeeper(&window);
     // An end by signal or logout keeps the session as a clean exit does.
-    QObject::connect(work, &koru::sedgui::WorkKeeper::endingKeepingWork, session,
+    QObject::connect(work, &koru::sedgui::WorkKeeper::workKept, session,
                      &koru::sedgui::SessionKeeper::keep);
+    // Recovered documents go to their places in the last session's tabs.
+    QObject::connect(work, &koru::sedgui::WorkKeeper::restored, session,
+                     &koru::sedgui::SessionKeeper::place);
     window.resize(800, 600);
     session->start(args.isEmpty());
     window.show();

@@ -5,6 +5,7 @@
 #include "options/editorsettings.h"
 #include "sedgui.h"
 #include "session/closebatch.h"
+#include "session/tabopener.h"
 #include "templatetree.h"
 #include "tool/documentjournal.h"
 
@@ -16,6 +17,7 @@
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QStatusBar>
+#include <QTabBar>
 #include <QTabWidget>
 
 #include <Qsci/qsciscintilla.h>
@@ -61,11 +63,12 @@ SessionRecord SessionKeeper::capture() const
 {
     SessionRecord record;
     for (SedGUI *document : documents()) {
-        // An untitled document has nothing to reopen.
-        if (document->getFileName().isEmpty())
-            continue;
         SessionRecord::File file;
         file.path = document->getFileName();
+        // An untitled document comes back from its journal only, kept when
+        // the program ends without closing it.
+        if (file.path.isEmpty())
+            file.journal = document->findChild<DocumentJournal *>()->documentId();
         document->editor()->getCursorPosition(&file.line, &file.column);
         file.firstVisibleLine = document->editor()->firstVisibleLine();
         if (document == m_tabs->currentWidget())
@@ -96,10 +99,11 @@ bool SessionKeeper::eventFilter(QObject *watched, QEvent *event)
         event->accept();
         return true;
     }
-    // Taken before the tools close, kept only if the window really closes.
-    const SessionRecord record = capture();
     CloseBatch batch(documents());
     const bool settled = batch.settle(m_window);
+    // Taken after the saves (an untitled document may have a name now) and
+    // before the tools close; kept only if the window really closes.
+    const SessionRecord record = capture();
     // The window's own handling asks every tool to close and accepts the
     // event only when none is left; the batch answers for the tools.
     static_cast<QObject *>(m_window)->event(event);
@@ -127,8 +131,10 @@ void SessionKeeper::start(bool reopenFiles)
             m_window->restoreGeometry(record.geometry);
         if (!record.windowState.isEmpty())
             m_window->restoreState(record.windowState);
-        if (reopenFiles)
+        if (reopenFiles) {
+            m_record = record;
             reopen(record);
+        }
     }
     fitToScreen();
 }
@@ -139,23 +145,16 @@ void SessionKeeper::reopen(const SessionRecord &record)
     SedGUI *front = nullptr;
     for (qsizetype i = 0; i < record.files.size(); ++i) {
         const SessionRecord::File &file = record.files.at(i);
-        if (!QFileInfo(file.path).isFile()) {
+        // Untitled documents come back with their journals (place()).
+        if (file.path.isEmpty())
+            continue;
+        SedGUI *document =
+            QFileInfo(file.path).isFile() ? TabOpener::open(m_window, file.path) : nullptr;
+        if (!document) {
             skipped.append(file.path);
             continue;
         }
-        // The shell's own way of opening a file, so that the tab, the menus
-        // and the recent files list are as after File > Open.
-        QMetaObject::invokeMethod(m_window, "onOpenFile", Qt::DirectConnection,
-                                  Q_ARG(QString, file.path), Q_ARG(int, 0));
-        SedGUI *document = TemplateTree::Instance()->findDocument(file.path);
-        if (!document)
-            continue;
-        // Placed without scrolling to it: the window may not have its size
-        // yet, and the view is set from the record right after.
-        QsciScintilla *editor = document->editor();
-        editor->SendScintilla(QsciScintilla::SCI_SETEMPTYSELECTION,
-                              editor->positionFromLineIndex(file.line, file.column));
-        editor->setFirstVisibleLine(file.firstVisibleLine);
+        setView(document, file);
         if (i == record.current)
             front = document;
     }
@@ -172,6 +171,43 @@ void SessionKeeper::reopen(const SessionRecord &record)
         current->infoBar()->showMessage(note);
     else
         m_window->statusBar()->showMessage(note);
+}
+
+void SessionKeeper::setView(SedGUI *document, const SessionRecord::File &file)
+{
+    // Placed without scrolling to it: the window may not have its size yet,
+    // and the view is set from the record right after.
+    QsciScintilla *editor = document->editor();
+    editor->SendScintilla(QsciScintilla::SCI_SETEMPTYSELECTION,
+                          editor->positionFromLineIndex(file.line, file.column));
+    editor->setFirstVisibleLine(file.firstVisibleLine);
+}
+
+void SessionKeeper::place(SedGUI *document, const QByteArray &journal)
+{
+    const QList<SessionRecord::File> &files = m_record.files;
+    const auto isOf = [&](const SessionRecord::File &file) {
+        return file.path.isEmpty() ? file.journal == journal : file.path == document->getFileName();
+    };
+    const qsizetype at = std::find_if(files.begin(), files.end(), isOf) - files.begin();
+    if (at == files.size() || !m_tabs || m_tabs->indexOf(document) < 0)
+        return;
+    if (files.at(at).path.isEmpty())
+        m_placed.insert(journal, document);
+    // Behind the tabs of the session's documents before it; those are in
+    // the session's order, as they came back in it.
+    int index = 0;
+    for (qsizetype i = 0; i < at; ++i) {
+        const SessionRecord::File &file = files.at(i);
+        SedGUI *before = file.path.isEmpty() ? m_placed.value(file.journal).data()
+                                             : TemplateTree::Instance()->findDocument(file.path);
+        if (before && m_tabs->indexOf(before) >= 0)
+            ++index;
+    }
+    m_tabs->tabBar()->moveTab(m_tabs->indexOf(document), index);
+    setView(document, files.at(at));
+    if (at == m_record.current)
+        m_tabs->setCurrentWidget(document);
 }
 
 QRect SessionKeeper::fitted(const QRect &frame, const QRect &available)

@@ -3,6 +3,7 @@
 #include "sedguiexport.h"
 #include "session/sessionrecord.h"
 
+#include <QHash>
 #include <QObject>
 #include <QPointer>
 #include <QRect>
@@ -48,6 +49,11 @@ public:
     // Stores the session as it is now, for an end that does not close the
     // window (a signal, the desktop session's end).
     void keep() const;
+    // A document whose unsaved work came back from its journal (journal: the
+    // journal's document id) goes to its place among the last session's
+    // tabs, with its caret and view; an untitled one would otherwise stay at
+    // the end.
+    void place(SedGUI *document, const QByteArray &journal);
 
     // frame moved and shrunk as little as possible to lie within available.
     static QRect fitted(const QRect &frame, const QRect &available);
@@ -58,6 +64,7 @@ protected:
 private:
     QList<SedGUI *> documents() const;
     void reopen(const SessionRecord &record);
+    static void setView(SedGUI *document, const SessionRecord::File &file);
     void fitToScreen();
     void beginCloseAll();
     void endCloseAll();
@@ -65,6 +72,10 @@ private:
     QMainWindow *m_window = nullptr;
     QPointer<QTabWidget> m_tabs;
     std::unique_ptr<CloseBatch> m_closeAllBatch;
+    // The session start() brought back, and its untitled documents restored
+    // since, by journal.
+    SessionRecord m_record;
+    QHash<QByteArray, QPointer<SedGUI>> m_placed;
     bool m_closing = false;
 };
 

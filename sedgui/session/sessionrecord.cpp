@@ -10,6 +10,7 @@ const char *const s_store = "SRC_EDITOR";
 const QString s_group = QStringLiteral("Session");
 const QString s_files = QStringLiteral("Files");
 const QString s_path = QStringLiteral("Path");
+const QString s_journal = QStringLiteral("Journal");
 const QString s_line = QStringLiteral("Line");
 const QString s_column = QStringLiteral("Column");
 const QString s_firstVisibleLine = QStringLiteral("FirstVisibleLine");
@@ -37,7 +38,8 @@ SessionRecord SessionRecord::load()
         settings.setArrayIndex(i);
         File file;
         file.path = settings.value(s_path).toString();
-        if (file.path.isEmpty())
+        file.journal = settings.value(s_journal).toByteArray();
+        if (file.path.isEmpty() == file.journal.isEmpty())
             continue;
         file.line = readPosition(settings, s_line);
         file.column = readPosition(settings, s_column);
@@ -65,7 +67,10 @@ bool SessionRecord::store() const
     settings.beginWriteArray(s_files, int(files.size()));
     for (int i = 0; i < files.size(); ++i) {
         settings.setArrayIndex(i);
-        settings.setValue(s_path, files.at(i).path);
+        if (files.at(i).path.isEmpty())
+            settings.setValue(s_journal, files.at(i).journal);
+        else
+            settings.setValue(s_path, files.at(i).path);
         settings.setValue(s_line, files.at(i).line);
         settings.setValue(s_column, files.at(i).column);
         settings.setValue(s_firstVisibleLine, files.at(i).firstVisibleLine);

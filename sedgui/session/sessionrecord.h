@@ -8,20 +8,24 @@
 
 namespace koru::sedgui {
 
-// What a clean exit keeps for the next start: the open files in tab order
-// with their carets and scroll positions, the current tab, and the window's
-// geometry and tool bar state. Kept in the "SRC_EDITOR" settings store, group
+// What a clean exit keeps for the next start: the open documents in tab
+// order with their carets and scroll positions, the current tab, and the
+// window's geometry and tool bar state. Kept in the "SRC_EDITOR" settings store, group
 // "Session".
 class SEDGUI_EXPORT SessionRecord
 {
 public:
     struct File
     {
+        // Empty for an untitled document.
         QString path;
         // 0-based, as the editing component counts.
         int line = 0;
         int column = 0;
         int firstVisibleLine = 0;
+        // An untitled document's recovery journal (its document id), which
+        // brings it back when the program ended keeping unsaved work.
+        QByteArray journal;
         friend bool operator==(const File &, const File &) = default;
     };
 

@@ -4,7 +4,7 @@
 #include "journalstore.h"
 #include "sedgui.h"
 #include "session/recoverydialog.h"
-#include "templatetree.h"
+#include "session/tabopener.h"
 #include "tool/documentjournal.h"
 #include "tool/journalwriter.h"
 
@@ -13,6 +13,7 @@
 #include <QSessionManager>
 #include <QSocketNotifier>
 #include <QTimer>
+#include <QWindow>
 
 #include <cerrno>
 #include <csignal>
@@ -65,8 +66,9 @@ WorkKeeper::WorkKeeper(QMainWindow *window)
         connect(m_notifier, &QSocketNotifier::activated, this, &WorkKeeper::onSignal);
     }
     connect(qGuiApp, &QGuiApplication::commitDataRequest, this, &WorkKeeper::onCommitData);
-    // Once the event loop runs, the window is on screen.
-    QTimer::singleShot(0, this, &WorkKeeper::offerRecovery);
+    // The session's end reaches the program as a request to quit; the
+    // window's first exposure says it is on screen.
+    qGuiApp->installEventFilter(this);
 }
 
 WorkKeeper::~WorkKeeper()
@@ -84,9 +86,35 @@ void WorkKeeper::onSignal()
 
 void WorkKeeper::onCommitData(QSessionManager &)
 {
+    commitData();
+}
+
+void WorkKeeper::commitData()
+{
+    m_committed = true;
     DocumentJournal::writeAll();
-    // Not from inside the session manager's call.
-    QTimer::singleShot(0, this, &WorkKeeper::endKeepingWork);
+    emit workKept();
+}
+
+bool WorkKeeper::eventFilter(QObject *watched, QEvent *event)
+{
+    // The offer waits for the window to be on screen, where the window
+    // manager put it, so that the prompt is centred on it.
+    if (event->type() == QEvent::Expose && m_offerDue && m_window &&
+        watched == m_window->windowHandle() && m_window->windowHandle()->isExposed()) {
+        m_offerDue = false;
+        QTimer::singleShot(0, this, &WorkKeeper::offerRecovery);
+    }
+    // After a commit, a request to quit while the window is still open is
+    // the session ending: left to the application, it would close the
+    // window and ask about every unsaved document. (The window's own close
+    // ends in a request to quit too, with the window gone.)
+    if (event->type() == QEvent::Quit && watched == qGuiApp && m_committed && m_window &&
+        m_window->isVisible()) {
+        endKeepingWork();
+        return true;
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 void WorkKeeper::endKeepingWork()
@@ -95,7 +123,7 @@ void WorkKeeper::endKeepingWork()
         return;
     m_ending = true;
     DocumentJournal::writeAll();
-    emit endingKeepingWork();
+    emit workKept();
     // Ends the event loops without closing the window, whose closing would
     // ask about every unsaved document; the documents are destroyed with the
     // window and keep their journals.
@@ -133,8 +161,9 @@ void WorkKeeper::offerRecovery()
                 .arg(store->folder() + QLatin1String("/corrupt"), corrupt.join(QLatin1Char('\n'))));
     const auto restore = [&](const QList<JournalStore::Found> &journals) {
         for (const JournalStore::Found &found : journals) {
-            if (SedGUI *tool = openDocument(found.entry.path)) {
+            if (SedGUI *tool = TabOpener::open(m_window, found.entry.path)) {
                 DocumentJournal::restore(tool, found.entry, found.text);
+                emit restored(tool, found.entry.documentId);
                 store->discard(found);
             }
         }
@@ -161,24 +190,6 @@ void WorkKeeper::offerRecovery()
         break;
     }
     store->releaseClaims();
-}
-
-SedGUI *WorkKeeper::openDocument(const QString &path)
-{
-    TemplateTree *tree = TemplateTree::Instance();
-    const QList<SedGUI *> before = tree->documents();
-    if (path.isEmpty()) {
-        QMetaObject::invokeMethod(m_window, "onNewFile");
-    } else {
-        QMetaObject::invokeMethod(m_window, "onOpenFile", Q_ARG(QString, path), Q_ARG(int, 0));
-        if (SedGUI *open = tree->findDocument(path))
-            return open;
-    }
-    for (SedGUI *document : tree->documents()) {
-        if (!before.contains(document))
-            return document;
-    }
-    return nullptr;
 }
 
 } // namespace koru::sedgui

@@ -28,6 +28,9 @@ public:
 
     // Queues the journal now when the document has unsaved changes.
     void writeNow();
+    // The text, or the encoding or line ending it is saved with, changed:
+    // the journal is written again once the document rests for DelayMs.
+    void onChanged();
     // The document's text as the editor holds it, as the journal keeps it.
     QByteArray snapshot() const;
     QByteArray documentId() const { return m_documentId; }
@@ -51,7 +54,6 @@ public:
     static void reportFailure(const QByteArray &documentId, const QString &error);
 
 private:
-    void onChanged();
     void onModified(bool modified);
     void forget();
 

@@ -445,6 +445,8 @@ void SedGUI::setTextFormat(const TextFormat &format)
     }
     m_doc->format = format;
     setForcedModified(true);
+    // The journal records the format; an encoding alone changes no text.
+    m_journal->onChanged();
 }
 
 bool SedGUI::reloadWithEncoding(const QByteArray &encoding)

@@ -9,12 +9,15 @@
 #include "session/savechangesdialog.h"
 #include "session/sessionkeeper.h"
 #include "session/workkeeper.h"
+#include "tool/documentjournal.h"
 
 #include <QAction>
 #include <QDir>
 #include <QFile>
 #include <QMap>
 #include <QScopeGuard>
+#include <QSignalSpy>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
@@ -54,13 +57,15 @@ SedGUI *document(MainWindow &window, int tab)
 }
 
 // This process's journals of files under `under` (and untitled ones) handed
-// to an editor that has ended, as the next start finds them: path -> text.
+// to an editor that has ended, as the next start finds them, and so named in
+// the kept session: path -> text.
 QMap<QString, QByteArray> passToEndedEditor(const QString &under, bool *allKept)
 {
     const QDir folder(JournalStore::defaultFolder());
     JournalOwner ended = JournalOwner::current();
     ended.pid = 999990;
     JournalStore store(folder.path(), ended);
+    SessionRecord session = SessionRecord::load();
     QMap<QString, QByteArray> texts;
     *allKept = true;
     for (const QString &name : folder.entryList({QStringLiteral("*.journal")}, QDir::Files)) {
@@ -74,9 +79,13 @@ QMap<QString, QByteArray> passToEndedEditor(const QString &under, bool *allKept)
             continue;
         *allKept = *allKept && entry.keptOnQuit;
         texts.insert(entry.path, text);
-        entry.documentId = store.newDocumentId();
+        const QByteArray id = store.newDocumentId();
+        for (SessionRecord::File &kept : session.files)
+            kept.journal = kept.journal == entry.documentId ? id : kept.journal;
+        entry.documentId = id;
         *allKept = *allKept && store.write(entry, text) && file.remove();
     }
+    *allKept = *allKept && session.store();
     return texts;
 }
 
@@ -93,6 +102,7 @@ private slots:
     void sessionComesBackWithoutVanishedFiles();
     void windowFitsTheScreen_data();
     void windowFitsTheScreen();
+    void logoutKeepsWorkUntilTheSessionEnds();
 };
 
 void TestSession::batchCloseFollowsTheOneAnswer_data()
@@ -149,6 +159,7 @@ void TestSession::batchCloseFollowsTheOneAnswer()
     if (keepOnQuit) {
         window->onNewFile();
         document(*window, 3)->editor()->setText(QStringLiteral("untitled text"));
+        window->tabWidget()->tabBar()->moveTab(3, 1);
     }
 
     PromptRecorder oneDocumentPrompts;
@@ -182,18 +193,26 @@ void TestSession::batchCloseFollowsTheOneAnswer()
     QCOMPARE(journals,
              (QMap<QString, QByteArray>{
                  {QString(), "untitled text"}, {paths[0], "new a\n"}, {paths[2], "new c\n"}}));
+    // What the user opened before; a restore does not add to it.
+    BaseUsrSettings("SRC_EDITOR").setValue("Recent_Files/RecentFileList", QStringList{"x.txt"});
     MainWindow next({});
     SessionKeeper *keeper = attach(next);
     keeper->start(true);
+    auto *work = new WorkKeeper(&next);
+    connect(work, &WorkKeeper::restored, keeper, &SessionKeeper::place);
     // Would block on the recovery question if it asked.
-    (new WorkKeeper(&next))->offerRecovery();
+    work->offerRecovery();
     QCOMPARE(next.tabWidget()->count(), 4);
-    const QStringList texts{"new a\n", "b\n", "new c\n", "untitled text"};
+    // The untitled document at its place, in front as it was.
+    const QStringList names{paths[0], QString(), paths[1], paths[2]};
+    const QStringList texts{"new a\n", "untitled text", "b\n", "new c\n"};
     for (int tab = 0; tab < 4; ++tab) {
-        QCOMPARE(document(next, tab)->getFileName(), paths.value(tab));
+        QCOMPARE(document(next, tab)->getFileName(), names[tab]);
         QCOMPARE(document(next, tab)->editor()->text(), texts[tab]);
-        QCOMPARE(document(next, tab)->isModified(), tab != 1);
+        QCOMPARE(document(next, tab)->isModified(), tab != 2);
     }
+    QCOMPARE(next.tabWidget()->currentIndex(), 1);
+    QCOMPARE(next.recentFileList(), QStringList{"x.txt"});
     QCOMPARE(QDir(JournalStore::defaultFolder())
                  .entryList({QStringLiteral("*999990*.journal")}, QDir::Files),
              QStringList());
@@ -222,7 +241,7 @@ void TestSession::sessionComesBackWithoutVanishedFiles()
         lines += "line " + QByteArray::number(i) + "\n";
     const QStringList paths{write(dir, "one.txt", lines), write(dir, "two.txt", lines),
                             write(dir, "three.txt", lines)};
-    const QList<SessionRecord::File> kept{{paths[1], 120, 2, 110}, {paths[2], 250, 3, 240}};
+    const QList<SessionRecord::File> kept{{paths[1], 120, 2, 110, {}}, {paths[2], 250, 3, 240, {}}};
     {
         MainWindow window({});
         attach(window);
@@ -278,6 +297,38 @@ void TestSession::windowFitsTheScreen()
     QFETCH(QRect, available);
     QFETCH(QRect, fitted);
     QCOMPARE(SessionKeeper::fitted(frame, available), fitted);
+}
+
+// A logout asks for the data first and may still be cancelled: the journal
+// and the session are written and everything stays open. The session's end,
+// a request to quit with the window open, then asks nothing.
+void TestSession::logoutKeepsWorkUntilTheSessionEnds()
+{
+    BaseUsrSettings("SRC_EDITOR").clear();
+    QTemporaryDir dir;
+    MainWindow window({});
+    SessionKeeper *keeper = attach(window);
+    auto *work = new WorkKeeper(&window);
+    connect(work, &WorkKeeper::workKept, keeper, &SessionKeeper::keep);
+    window.show();
+    window.onOpenFile(write(dir, "a.txt", "a\n"), 1);
+    document(window, 0)->editor()->insertAt(QStringLiteral("new "), 0, 0);
+    const QString journal = JournalStore::defaultFolder() + '/' +
+                            document(window, 0)->findChild<DocumentJournal *>()->documentId() +
+                            ".journal";
+    PromptRecorder prompts;
+    QSignalSpy kept(work, &WorkKeeper::workKept);
+
+    work->commitData();
+    QCoreApplication::processEvents();
+    QCOMPARE(kept.count(), 1);
+    QVERIFY(QFile::exists(journal));
+    QCOMPARE(SessionRecord::load().files.size(), 1);
+    QEvent quit(QEvent::Quit);
+    QCoreApplication::sendEvent(qApp, &quit);
+    QCOMPARE(kept.count(), 2);
+    QVERIFY(prompts.asked.isEmpty());
+    QCOMPARE(window.tabWidget()->count(), 1);
 }
 
 QTEST_MAIN(TestSession)
