@@ -3,6 +3,7 @@
 #include "dialogs/infobar.h"
 #include "displayname.h"
 #include "options/editorsettings.h"
+#include "posixfile.h"
 #include "sedgui.h"
 #include "session/closebatch.h"
 #include "templatetree.h"
@@ -10,7 +11,6 @@
 
 #include <QAction>
 #include <QCloseEvent>
-#include <QFileInfo>
 #include <QGuiApplication>
 #include <QMainWindow>
 #include <QScopedValueRollback>
@@ -139,7 +139,7 @@ void SessionKeeper::reopen(const SessionRecord &record)
     SedGUI *front = nullptr;
     for (qsizetype i = 0; i < record.files.size(); ++i) {
         const SessionRecord::File &file = record.files.at(i);
-        if (!QFileInfo(file.path).isFile()) {
+        if (!PosixFile::isFile(file.path)) {
             skipped.append(file.path);
             continue;
         }
