@@ -75,6 +75,10 @@ void TestSedApp::initTestCase()
         QFile file(m_dir.filePath(name));
         QVERIFY(file.open(QIODevice::WriteOnly) && file.write(QByteArray("x\n").repeated(100)));
     }
+    // Names that are not UTF-8, which Qt's dialogs and URLs read with U+FFFD.
+    for (const char *name : {"/one\xff.c", "/two\xfe.c", "/two\xfd.c"})
+        QVERIFY(::close(::open(QByteArray(QFile::encodeName(m_dir.path()) + name).constData(),
+                               O_CREAT | O_WRONLY, 0644)) == 0);
 }
 
 // "arguments => files as path@line, W the working folder; "ignoring" and the skipped"
@@ -95,6 +99,8 @@ void TestSedApp::parseArgs_data()
         << QStringLiteral("/a\\u{2029}b lit\\u{0041} /bad\\x{FF}.c both\\u{2029} => /a") +
                QChar(0x2029) +
                QStringLiteral("b@0 W/lit\\u{005C}u{0041}@0 /bad\\x{FF}.c@0 refusing 1");
+    QTest::newRow("read with U+FFFD: the one file, or refused when several")
+        << QString::fromUtf8("one\xef\xbf\xbd.c two\xef\xbf\xbd.c => W/one\\x{FF}.c@0 refusing 1");
 }
 
 void TestSedApp::parseArgs()
