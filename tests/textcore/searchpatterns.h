@@ -63,6 +63,8 @@ inline void addMatchRows()
     row("plain text holds \\E", "x\\E.y", {}, "x\\E.y xE.y", {"1:x\\E.y"});
     row("line numbers over mixed ends", "\\d", R, "1\n2\r\n3\r4\r\n\n5",
         {"1:1", "2:2", "3:3", "4:4", "6:5"});
+    row("line numbers over a long text", "z", C, QByteArray("ab\n").repeated(3000) + "\r\nz",
+        {"3002:z"});
     row("empty pattern matches nothing", "", R, "abc", {});
     // Case-sensitive plain text is searched sixteen bytes at a time.
     row("plain text across blocks, near misses", "abca", C,
