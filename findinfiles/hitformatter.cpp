@@ -5,7 +5,7 @@
 #include <QChar>
 
 #include <algorithm>
-#include <cstdio>
+#include <iterator>
 
 using koru::sedgui::FileNameEscape;
 
@@ -118,9 +118,15 @@ void HitFormatter::appendHitLine(QString &out, QStringView file, qint64 line, QS
 {
     out += file;
     out += QLatin1Char('(');
+    // Digits from the back; no formatting machinery for a million numbers.
     char digits[24];
-    const int length = std::snprintf(digits, sizeof digits, "%lld", static_cast<long long>(line));
-    out += QLatin1StringView(digits, length);
+    char *start = std::end(digits);
+    auto value = static_cast<unsigned long long>(std::max<qint64>(line, 0));
+    do {
+        *--start = char('0' + value % 10);
+        value /= 10;
+    } while (value != 0);
+    out += QLatin1StringView(start, std::end(digits));
     out += QLatin1StringView("):");
 
     // What displayText does, for text that it would only trim and keep "):" out of.
