@@ -136,8 +136,8 @@ private slots:
     }
     // Every character that breaks a line of Qt's text layout, a bidirectional
     // control and a byte that is not UTF-8, in a file's name or in its hit line:
-    // one pane line, which the tool factory reads back into that file (or
-    // refuses, for a name no QString can hold) at line 2.
+    // one pane line, which the tool factory reads back into that file, the
+    // same bytes, at line 2.
     void eachHitIsOnePaneLineThatReachesItsFile_data()
     {
         QTest::addColumn<QByteArray>("name");
