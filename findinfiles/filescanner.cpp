@@ -79,6 +79,13 @@ bool FileScanner::readMore(int fd, const QByteArray &path)
             break;
         }
         got += n;
+        // A short read that reaches the size the file had is its end: no
+        // second read() only to be told so. A file that grew after it is
+        // found changed by the size it has when the scan ends.
+        if (got < want && m_expectedSize > 0 && m_bytesRead + got >= m_expectedSize) {
+            m_eof = true;
+            break;
+        }
     }
     m_bytesRead += got;
     // A file that grows as it is read (a log being written) is read up to a

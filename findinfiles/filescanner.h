@@ -31,8 +31,10 @@ class FileScanner
 public:
     enum class Result { Searched, Binary, Unreadable, Cancelled, Changed, Deleted };
 
-    // Bytes asked of one read().
-    static constexpr qsizetype ReadBytes = 16 * 1024 * 1024;
+    // Bytes asked of one read(): small enough that the window is still in the
+    // processor's cache when it is searched (16 MB windows cost 15-20% more
+    // time on a large file), large enough that the calls themselves cost little.
+    static constexpr qsizetype ReadBytes = 1024 * 1024;
 
     explicit FileScanner(const TextMatcher &matcher);
     ~FileScanner();

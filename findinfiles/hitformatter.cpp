@@ -5,6 +5,7 @@
 #include <QChar>
 
 #include <algorithm>
+#include <iterator>
 
 using koru::sedgui::FileNameEscape;
 
@@ -107,8 +108,53 @@ QString HitFormatter::displayText(QStringView text, qsizetype column)
 
 QString HitFormatter::hitLine(const QString &file, qint64 line, QStringView text, qsizetype column)
 {
-    return file + QLatin1Char('(') + QString::number(line) + QStringLiteral("):") +
-           displayText(text, column);
+    QString hit;
+    appendHitLine(hit, file, line, text, column);
+    return hit;
+}
+
+void HitFormatter::appendHitLine(QString &out, QStringView file, qint64 line, QStringView text,
+                                 qsizetype column)
+{
+    out += file;
+    out += QLatin1Char('(');
+    // Digits from the back; no formatting machinery for a million numbers.
+    char digits[24];
+    char *start = std::end(digits);
+    auto value = static_cast<unsigned long long>(std::max<qint64>(line, 0));
+    do {
+        *--start = char('0' + value % 10);
+        value /= 10;
+    } while (value != 0);
+    out += QLatin1StringView(start, std::end(digits));
+    out += QLatin1StringView("):");
+
+    // What displayText does, for text that it would only trim and keep "):" out of.
+    qsizetype first = 0;
+    qsizetype last = text.size();
+    while (first < last && (text[first] == u' ' || text[first] == u'\t'))
+        ++first;
+    while (last > first && (text[last - 1] == u' ' || text[last - 1] == u'\t'))
+        --last;
+    const QStringView shown = text.sliced(first, last - first);
+    const bool plain =
+        !shown.isEmpty() && shown.size() <= MaxTextLength &&
+        std::all_of(shown.begin(), shown.end(), [](QChar c) {
+            return (c.unicode() > 0x20 && c.unicode() < 0x7F) || c == u' ' || c == u'\t';
+        });
+    if (!plain) {
+        out += displayText(text, column);
+        return;
+    }
+    qsizetype done = 0;
+    for (qsizetype at = shown.indexOf(u':', 1); at > 0; at = shown.indexOf(u':', at + 1)) {
+        if (shown[at - 1] == u')') {
+            out += shown.sliced(done, at - done);
+            out += QChar(ZeroWidthSpace);
+            done = at;
+        }
+    }
+    out += shown.sliced(done);
 }
 
 QString HitFormatter::noteLine(QStringView text)

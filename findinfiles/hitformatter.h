@@ -18,6 +18,10 @@ public:
 
     // file as FileNameEscape writes it (done once per file, not per hit).
     static QString hitLine(const QString &file, qint64 line, QStringView text, qsizetype column);
+    // The same, appended to out: a line of printable ASCII, most of them, is
+    // written straight into it.
+    static void appendHitLine(QString &out, QStringView file, qint64 line, QStringView text,
+                              qsizetype column);
 
     // The text part of a hit line: control characters blanked, trimmed, cut to
     // MaxTextLength around column, made safe for the pane's pattern.

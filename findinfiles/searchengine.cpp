@@ -183,7 +183,7 @@ void SearchEngine::runSearch(const std::shared_ptr<Run> &run)
             }
             if (batch.count > 0)
                 batch.lines += QLatin1Char('\n');
-            batch.lines += HitFormatter::hitLine(file, hit.line, hit.text, hit.column);
+            HitFormatter::appendHitLine(batch.lines, file, hit.line, hit.text, hit.column);
             batch.spans.append({int(std::min<qsizetype>(hit.column, INT_MAX)),
                                 int(std::min<qsizetype>(hit.length, INT_MAX))});
             ++batch.count;

@@ -1,6 +1,6 @@
 #include "editorconfig.h"
 
-#include <QFile>
+#include "filenameescape.h"
 
 #include <editorconfig/editorconfig.h>
 
@@ -75,7 +75,8 @@ EditorConfig::Properties EditorConfig::forFile(const QString &absolutePath, QStr
 {
     Properties properties;
     editorconfig_handle handle = editorconfig_handle_init();
-    const int status = editorconfig_parse(QFile::encodeName(absolutePath).constData(), handle);
+    const int status =
+        editorconfig_parse(FileNameEscape::toNative(absolutePath).constData(), handle);
     if (status == 0) {
         const int count = editorconfig_handle_get_name_value_count(handle);
         for (int i = 0; i < count; ++i) {
@@ -88,7 +89,7 @@ EditorConfig::Properties EditorConfig::forFile(const QString &absolutePath, QStr
     } else if (error) {
         const char *file = editorconfig_handle_get_err_file(handle);
         *error = file ? QStringLiteral("%1, line %2: not a valid .editorconfig file")
-                            .arg(QFile::decodeName(file))
+                            .arg(FileNameEscape::fromNative(file))
                             .arg(status)
                       : QString::fromUtf8(editorconfig_get_error_msg(status));
     }

@@ -1,6 +1,6 @@
 #include "fileidentity.h"
 
-#include <QFile>
+#include "filenameescape.h"
 
 #include <sys/stat.h>
 
@@ -10,7 +10,7 @@ FileIdentity FileIdentity::of(const QString &path)
 {
     FileIdentity identity;
     struct stat st;
-    if (::stat(QFile::encodeName(path).constData(), &st) != 0)
+    if (::stat(FileNameEscape::toNative(path).constData(), &st) != 0)
         return identity;
     identity.exists = true;
     identity.size = qint64(st.st_size);

@@ -1,10 +1,10 @@
 #include "filereader.h"
 
 #include "displayname.h"
+#include "filenameescape.h"
 #include "posixfile.h"
 
 #include <QCoreApplication>
-#include <QFile>
 
 #include <cerrno>
 #include <fcntl.h>
@@ -31,7 +31,7 @@ QString isKind(const QString &kind)
 bool FileReader::read(const QString &path, QByteArray *out, QString *error)
 {
     out->clear();
-    const QByteArray native = QFile::encodeName(path);
+    const QByteArray native = FileNameEscape::toNative(path);
     // Look before opening: opening a FIFO waits for a writer, and opening
     // some devices has effects of its own.
     struct stat st;

@@ -1,5 +1,7 @@
 #include "journalstore.h"
 
+#include "filenameescape.h"
+#include "filereader.h"
 #include "posixfile.h"
 
 #include <QCoreApplication>
@@ -64,7 +66,7 @@ QByteArray encodeHeader(const JournalEntry &entry, qsizetype textSize)
     QByteArray header = Magic + QByteArray::number(FormatVersion) + '\n';
     header += "id " + entry.documentId + '\n';
     header += "owner " + entry.owner.key() + '\n';
-    header += "path " + QFile::encodeName(entry.path).toPercentEncoding() + '\n';
+    header += "path " + FileNameEscape::toNative(entry.path).toPercentEncoding() + '\n';
     header += "untitled " + QByteArray::number(entry.untitledNumber) + '\n';
     header += "disk " + QByteArray::number(disk.exists ? 1 : 0) + ' ' +
               QByteArray::number(disk.size) + ' ' + QByteArray::number(disk.mtimeNs) + ' ' +
@@ -113,7 +115,7 @@ bool decodeHeader(const QByteArray &bytes, JournalEntry *entry, qsizetype *textS
         } else if (key == "owner") {
             fieldOk = JournalOwner::parse(value, &entry->owner);
         } else if (key == "path") {
-            entry->path = QFile::decodeName(QByteArray::fromPercentEncoding(value));
+            entry->path = FileNameEscape::fromNative(QByteArray::fromPercentEncoding(value));
         } else if (key == "untitled") {
             entry->untitledNumber = value.toInt(&fieldOk);
         } else if (key == "disk") {
@@ -385,9 +387,10 @@ QString JournalStore::keepOriginal(const QString &target, const QByteArray &orig
     const QByteArray base =
         m_ownerKey + "_save" + QByteArray::number(m_nextDocument.fetchAndAddRelaxed(1));
     const QByteArray record = Magic.trimmed() + "-SAVE " + QByteArray::number(FormatVersion) +
-                              "\npath " + QFile::encodeName(target).toPercentEncoding() + "\nold " +
-                              md5Hex(original) + "\nnew " + md5Hex(replacement) + '\n' + "mtime " +
-                              QByteArray::number(FileIdentity::of(target).mtimeNs) + '\n';
+                              "\npath " + FileNameEscape::toNative(target).toPercentEncoding() +
+                              "\nold " + md5Hex(original) + "\nnew " + md5Hex(replacement) + '\n' +
+                              "mtime " + QByteArray::number(FileIdentity::of(target).mtimeNs) +
+                              '\n';
     // The copy first: a record always has its copy.
     if (!writeNewFile(m_dirFd, base + OriginalSuffix, original))
         return {};
@@ -406,8 +409,8 @@ QString JournalStore::noteTemporary(const QString &temporaryPath)
     const QByteArray name =
         m_ownerKey + "_temp" + QByteArray::number(m_nextDocument.fetchAndAddRelaxed(1));
     const QByteArray record = Magic.trimmed() + "-TEMP " + QByteArray::number(FormatVersion) +
-                              "\npath " + QFile::encodeName(temporaryPath).toPercentEncoding() +
-                              '\n';
+                              "\npath " +
+                              FileNameEscape::toNative(temporaryPath).toPercentEncoding() + '\n';
     if (!writeNewFile(m_dirFd, name + TemporarySuffix, record))
         return {};
     return m_folder + QLatin1Char('/') + QFile::decodeName(name + TemporarySuffix);
@@ -462,7 +465,8 @@ bool JournalStore::settleSave(const QByteArray &recordName, Found *found)
         if (line.startsWith("mtime "))
             oldMtimeNs = line.mid(6).toLongLong();
         else if (line.startsWith("path "))
-            found->entry.path = QFile::decodeName(QByteArray::fromPercentEncoding(line.mid(5)));
+            found->entry.path =
+                FileNameEscape::fromNative(QByteArray::fromPercentEncoding(line.mid(5)));
         else if (line.startsWith("old "))
             oldSum = line.mid(4);
         else if (line.startsWith("new "))
@@ -476,11 +480,11 @@ bool JournalStore::settleSave(const QByteArray &recordName, Found *found)
         drop();
         return false;
     }
-    QFile target(found->entry.path);
-    const QByteArray now = target.open(QIODevice::ReadOnly) ? target.readAll() : QByteArray();
-    target.close();
+    QByteArray now;
+    QString unreadable;
+    FileReader::read(found->entry.path, &now, &unreadable);
     const QByteArray nowSum = md5Hex(now);
-    const QByteArray targetPath = QFile::encodeName(found->entry.path);
+    const QByteArray targetPath = FileNameEscape::toNative(found->entry.path);
     // The old text is the file as the editor knew it: with its time back, a
     // journal made before the save does not find it changed on disk.
     const auto restoreTime = [&] {

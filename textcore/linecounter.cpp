@@ -3,17 +3,36 @@
 #include <algorithm>
 #include <cstring>
 
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
 namespace koru::sedgui {
 
 namespace {
 
-// The number of LF bytes in [from, to), eight bytes at a time.
+// The number of LF bytes in [from, to).
 qint64 countLineFeeds(const char *from, const char *to)
 {
     constexpr quint64 Ones = 0x0101010101010101ULL;
     constexpr quint64 Highs = 0x8080808080808080ULL;
     constexpr quint64 LineFeeds = Ones * '\n';
     qint64 count = 0;
+#ifdef __SSE2__
+    // Sixteen bytes at a time: each LF adds one to its byte's counter, and the
+    // counters are added up before any of them can overflow.
+    const __m128i lineFeed = _mm_set1_epi8('\n');
+    while (to - from >= 16) {
+        const qsizetype blocks = std::min<qsizetype>((to - from) / 16, 255);
+        __m128i counters = _mm_setzero_si128();
+        for (qsizetype i = 0; i < blocks; ++i, from += 16) {
+            const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i *>(from));
+            counters = _mm_sub_epi8(counters, _mm_cmpeq_epi8(bytes, lineFeed));
+        }
+        const __m128i sums = _mm_sad_epu8(counters, _mm_setzero_si128());
+        count += _mm_cvtsi128_si32(sums) + _mm_extract_epi16(sums, 4);
+    }
+#endif
     while (to - from >= 8) {
         quint64 word;
         std::memcpy(&word, from, 8);

@@ -1,9 +1,14 @@
 #include "posixfile.h"
 
+#include "filenameescape.h"
+#include "textfilecodec.h"
+
 #include <QCoreApplication>
+#include <QDir>
 
 #include <cerrno>
 #include <cstring>
+#include <dirent.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -58,6 +63,50 @@ bool PosixFile::writeAll(int fd, const char *data, qsizetype size)
 bool PosixFile::close(int fd)
 {
     return ::close(fd) == 0 || errno == EINTR;
+}
+
+bool PosixFile::exists(const QString &path)
+{
+    struct stat st;
+    return ::lstat(FileNameEscape::toNative(path).constData(), &st) == 0;
+}
+
+bool PosixFile::isFile(const QString &path)
+{
+    struct stat st;
+    return ::stat(FileNameEscape::toNative(path).constData(), &st) == 0 && S_ISREG(st.st_mode);
+}
+
+QString PosixFile::undoLossyDecoding(const QString &path, QString *why)
+{
+    const qsizetype slash = path.lastIndexOf(u'/');
+    const QString leaf = path.mid(slash + 1);
+    if (!leaf.contains(QChar::ReplacementCharacter) || exists(path))
+        return path;
+    const QString folder = slash > 0 ? path.left(slash) : QStringLiteral("/");
+    DIR *dir = ::opendir(FileNameEscape::toNative(folder).constData());
+    if (!dir)
+        return path;
+    QStringList matches;
+    while (const dirent *entry = ::readdir(dir)) {
+        const QByteArrayView name(entry->d_name);
+        if (!TextFileCodec::isValidUtf8(name.data(), name.size()) &&
+            QString::fromUtf8(name) == leaf)
+            matches.append(FileNameEscape::fromNative(name));
+    }
+    ::closedir(dir);
+    if (matches.size() == 1)
+        return path.left(slash + 1) + matches.first();
+    if (matches.size() > 1) {
+        matches.sort();
+        *why = QCoreApplication::translate("koru::sedgui::PosixFile",
+                                           "\"%1\" is not opened: its name was read with the "
+                                           "replacement character in place of bytes "
+                                           "that are not UTF-8, and several files match it (%2).")
+                   .arg(QDir::toNativeSeparators(path), matches.join(QLatin1String(", ")));
+        return QString();
+    }
+    return path;
 }
 
 } // namespace koru::sedgui

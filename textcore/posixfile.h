@@ -22,6 +22,18 @@ public:
     static bool writeAll(int fd, const char *data, qsizetype size);
     // Closes, retrying nothing (a retried close may close another file).
     static bool close(int fd);
+
+    // Paths below are names as the program holds them (FileNameEscape::fromNative).
+    // Whether anything is at path, a dangling link too.
+    static bool exists(const QString &path);
+    // Whether path leads to a regular file.
+    static bool isFile(const QString &path);
+    // Qt's file dialogs and file URLs decode a name whose bytes are not UTF-8
+    // with U+FFFD in place of those bytes, a name no file has. This is path
+    // with its last part replaced by the name of the one file in its folder
+    // that decodes so; path itself when it exists, holds no U+FFFD, or no
+    // file matches. Empty, with *why set, when several files match.
+    static QString undoLossyDecoding(const QString &path, QString *why);
 };
 
 } // namespace koru::sedgui

@@ -1,5 +1,6 @@
 #include "safesaver.h"
 
+#include "filenameescape.h"
 #include "filereader.h"
 #include "posixfile.h"
 
@@ -10,6 +11,7 @@
 #include <QRandomGenerator>
 
 #include <cerrno>
+#include <climits>
 #include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -49,7 +51,7 @@ int createSibling(const QByteArray &dir, const QByteArray &target, mode_t mode, 
         *name = dir + "/." + base + '.' +
                 QByteArray::number(QRandomGenerator::global()->generate(), 36) + ".tmp";
         if (record && keeper.noteTemporary)
-            *record = keeper.noteTemporary(QFile::decodeName(*name));
+            *record = keeper.noteTemporary(FileNameEscape::fromNative(*name));
         // O_EXCL | O_NOFOLLOW: never write through a link someone planted.
         const int fd =
             ::open(name->constData(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode);
@@ -78,16 +80,19 @@ void syncDirectory(const QByteArray &dir)
 
 // The file a path finally names: symlinks are written through, so the link
 // stays a link and its target gets the new text.
-bool resolveLinks(const QString &path, QString *target)
+bool resolveLinks(const QString &path, QByteArray *target)
 {
-    QString current = QFileInfo(path).absoluteFilePath();
+    QByteArray current = FileNameEscape::toNative(QFileInfo(path).absoluteFilePath());
+    QByteArray link(PATH_MAX, Qt::Uninitialized);
     for (int depth = 0; depth < 40; ++depth) {
-        const QFileInfo info(current);
-        if (!info.isSymLink()) {
+        const ssize_t size = ::readlink(current.constData(), link.data(), size_t(link.size()));
+        if (size < 0) {
             *target = current;
             return true;
         }
-        current = info.symLinkTarget();
+        const QByteArrayView to(link.constData(), size);
+        current =
+            to.startsWith('/') ? to.toByteArray() : current.left(current.lastIndexOf('/') + 1) + to;
     }
     errno = ELOOP;
     return false;
@@ -185,7 +190,7 @@ void dropBackup(const QByteArray &backup)
     if (backup.isEmpty())
         return;
     if (originalKeeper().drop)
-        originalKeeper().drop(QFile::decodeName(backup));
+        originalKeeper().drop(FileNameEscape::fromNative(backup));
     else
         ::unlink(backup.constData());
 }
@@ -196,9 +201,10 @@ QByteArray writeBackup(const QByteArray &target, const QByteArray &dir, const QB
                        const QByteArray &bytes)
 {
     if (originalKeeper().keep) {
-        const QString kept = originalKeeper().keep(QFile::decodeName(target), original, bytes);
+        const QString kept =
+            originalKeeper().keep(FileNameEscape::fromNative(target), original, bytes);
         if (!kept.isEmpty())
-            return QFile::encodeName(kept);
+            return FileNameEscape::toNative(kept);
     }
     for (const QByteArray &folder : {dir, QFile::encodeName(QDir::tempPath())}) {
         QByteArray name;
@@ -222,7 +228,7 @@ bool saveInPlace(const QString &path, const QByteArray &target, const QByteArray
 {
     QByteArray original;
     QString readError;
-    if (!FileReader::read(QFile::decodeName(target), &original, &readError)) {
+    if (!FileReader::read(FileNameEscape::fromNative(target), &original, &readError)) {
         *error = cannotSave(
             path, tr("the original could not be read to keep a copy (%1)").arg(readError));
         return false;
@@ -251,10 +257,10 @@ bool saveInPlace(const QString &path, const QByteArray &target, const QByteArray
         dropBackup(backup);
         *error = cannotSave(path, PosixFile::errorText(writeErrno));
     } else if (!backup.isEmpty()) {
-        *error =
-            cannotSave(path, tr("%1; the file could not be restored, its previous content "
-                                "is in %2")
-                                 .arg(PosixFile::errorText(writeErrno), QFile::decodeName(backup)));
+        *error = cannotSave(
+            path, tr("%1; the file could not be restored, its previous content "
+                     "is in %2")
+                      .arg(PosixFile::errorText(writeErrno), FileNameEscape::fromNative(backup)));
     } else {
         *error = cannotSave(
             path, tr("%1; the file could not be restored").arg(PosixFile::errorText(writeErrno)));
@@ -271,12 +277,11 @@ void SafeSaver::setOriginalKeeper(const OriginalKeeper &keeper)
 
 bool SafeSaver::save(const QString &path, const QByteArray &bytes, QString *error)
 {
-    QString resolved;
-    if (!resolveLinks(path, &resolved)) {
+    QByteArray target;
+    if (!resolveLinks(path, &target)) {
         *error = cannotSave(path, PosixFile::errorText(errno));
         return false;
     }
-    const QByteArray target = QFile::encodeName(resolved);
     const QByteArray dir = target.left(qMax<qsizetype>(target.lastIndexOf('/'), 1));
 
     struct stat st;

@@ -1,5 +1,7 @@
 #include "searchcore.h"
 
+#include "literalfinder.h"
+
 #define PCRE2_CODE_UNIT_WIDTH 8
 #include <algorithm>
 #include <pcre2.h>
@@ -78,6 +80,8 @@ struct SearchCore::Compiled
     quint32 pairs = 1;
     int groups = 1; // the pairs a Match holds
     bool jit = false;
+    // A case-sensitive plain text: searched for as bytes, without the engine.
+    QByteArray literal;
 
     ~Compiled() { pcre2_code_free(code); }
 };
@@ -140,6 +144,8 @@ void SearchCore::compile()
     pcre2_pattern_info(code, PCRE2_INFO_CAPTURECOUNT, &captures);
     compiled->pairs = captures + 1;
     compiled->groups = int(std::min<quint32>(compiled->pairs, Match::MaxGroups));
+    if (!regex && !m_options.testFlag(WholeWord) && m_options.testFlag(CaseSensitive))
+        compiled->literal = patternBytes;
     m_compiled = std::move(compiled);
 }
 
@@ -157,6 +163,19 @@ SearchCore::Match SearchCore::matchAt(QByteArrayView text, qsizetype from,
 {
     if (!m_compiled || from < 0 || from > text.size())
         return {};
+    if (const QByteArray &literal = m_compiled->literal; !literal.isEmpty()) {
+        // Never empty, so NOTEMPTY_ATSTART changes nothing.
+        const qsizetype at = matchOptions & PCRE2_ANCHORED
+                                 ? (text.sliced(from).startsWith(literal) ? from : -1)
+                                 : LiteralFinder::find(text, from, literal);
+        Match match;
+        match.m_groups.fill(-1);
+        if (at >= 0) {
+            match.begin = match.m_groups[0] = at;
+            match.end = match.m_groups[1] = at + literal.size();
+        }
+        return match;
+    }
     pcre2_match_data *data = threadMatchData(m_compiled->pairs);
     if (!data)
         return {};

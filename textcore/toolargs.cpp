@@ -1,14 +1,16 @@
 #include "toolargs.h"
 
 #include "filenameescape.h"
+#include "posixfile.h"
 #include "textfilecodec.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QRegularExpression>
 #include <QUrl>
+
+#include <sys/stat.h>
 
 namespace koru::sedgui {
 
@@ -47,7 +49,7 @@ QString absolutePath(const QString &argument, const QDir &workingDir)
     if (path.startsWith(QLatin1String("file://")))
         path = QUrl(path).toLocalFile();
     const QString asGiven = QDir::cleanPath(workingDir.absoluteFilePath(path));
-    if (QFileInfo::exists(asGiven))
+    if (PosixFile::exists(asGiven))
         return asGiven;
     return QDir::cleanPath(workingDir.absoluteFilePath(fileNameFromBytes(path)));
 }
@@ -58,30 +60,31 @@ QString tr(const char *text)
 }
 
 // A name written with escapes (see FileNameEscape) names the file with those
-// characters, unless a file is really called as written. Empty, with *why
-// set, when it cannot be opened.
+// characters or bytes, unless a file is really called as written. The result
+// is the name as the program holds it; empty, with *why set, when both exist.
 QString unescapedName(const QString &argument, const QDir &workingDir, QString *why)
 {
     if (!FileNameEscape::hasEscapes(argument))
         return argument;
-    bool rawBytes = false;
-    const QString name = FileNameEscape::unescape(argument, &rawBytes);
-    const bool asWritten = QFileInfo::exists(workingDir.absoluteFilePath(argument));
-    if (rawBytes && !asWritten) {
-        *why = tr("\"%1\" cannot be opened: its name is not valid UTF-8 (each \\x{..} stands "
-                  "for such a byte), and the editor can only keep names that are.")
-                   .arg(argument);
-        return QString();
-    }
-    if (rawBytes || name == argument)
+    const QByteArray name = FileNameEscape::toNative(argument);
+    const QByteArray asWritten = argument.toUtf8();
+    if (name == asWritten)
         return argument;
-    if (asWritten && QFileInfo::exists(workingDir.absoluteFilePath(name))) {
+    struct stat st;
+    const QByteArray folder = FileNameEscape::toNative(workingDir.absolutePath()) + '/';
+    const auto exists = [&](const QByteArray &path) {
+        return ::lstat((path.startsWith('/') ? path : folder + path).constData(), &st) == 0;
+    };
+    if (!exists(asWritten))
+        return FileNameEscape::fromNative(name);
+    if (exists(name)) {
         *why = tr("\"%1\" is not opened: it could mean the file with the characters written "
-                  "as \\u{..}, or the file whose name spells them out, and both exist.")
+                  "as \\u{..} or \\x{..}, or the file whose name spells them out, and both "
+                  "exist.")
                    .arg(argument);
         return QString();
     }
-    return asWritten ? argument : name;
+    return FileNameEscape::fromNative(asWritten);
 }
 
 } // namespace
@@ -136,11 +139,16 @@ ToolArgs ToolArgs::parse(const QStringList &args, const QString &workingDir)
             continue;
         }
         File file;
-        file.path = absolutePath(name, dir);
+        file.path = PosixFile::undoLossyDecoding(absolutePath(name, dir), &why);
+        if (file.path.isEmpty()) {
+            result.refused.append(why);
+            pendingLine = 0;
+            continue;
+        }
         file.line = pendingLine;
         pendingLine = 0;
         // "path:N" from compiler output, unless a file really has that name.
-        if (!QFileInfo::exists(file.path)) {
+        if (!PosixFile::exists(file.path)) {
             const QRegularExpressionMatch match = pathWithLine.match(argument);
             if (match.hasMatch()) {
                 file.path = absolutePath(match.captured(1), dir);

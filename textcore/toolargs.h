@@ -16,7 +16,9 @@ namespace koru::sedgui {
 // Relative paths are made absolute against the working folder; "file://"
 // URLs become paths. Unknown options are skipped and listed in ignored. A
 // name written with FileNameEscape's escapes names the file with those
-// characters; one that cannot be opened is refused, with a sentence saying why.
+// characters or bytes; paths come out as the program holds names
+// (FileNameEscape::fromNative). A name that could mean two files is refused,
+// with a sentence saying why.
 class ToolArgs
 {
 public:

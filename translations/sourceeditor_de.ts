@@ -1292,6 +1292,10 @@ Es behält die Kodierung %3.</translation>
         <source>not a regular file</source>
         <translation>keine gewöhnliche Datei</translation>
     </message>
+    <message>
+        <source>&quot;%1&quot; is not opened: its name was read with the replacement character in place of bytes that are not UTF-8, and several files match it (%2).</source>
+        <translation>&quot;%1&quot; wird nicht geöffnet: der Name wurde mit dem Ersatzzeichen anstelle von Bytes gelesen, die kein gültiges UTF-8 sind, und mehrere Dateien passen dazu (%2).</translation>
+    </message>
 </context>
 <context>
     <name>koru::sedgui::RecoveryDialog</name>
@@ -1666,12 +1670,8 @@ Der Text, der gespeichert werden sollte, wird wieder angeboten, falls er nicht g
 <context>
     <name>koru::sedgui::ToolArgs</name>
     <message>
-        <source>&quot;%1&quot; cannot be opened: its name is not valid UTF-8 (each \x{..} stands for such a byte), and the editor can only keep names that are.</source>
-        <translation>&quot;%1&quot; kann nicht geöffnet werden: der Name ist kein gültiges UTF-8 (jedes \x{..} steht für ein solches Byte), und der Editor kann nur solche Namen behalten.</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is not opened: it could mean the file with the characters written as \u{..}, or the file whose name spells them out, and both exist.</source>
-        <translation>&quot;%1&quot; wird nicht geöffnet: gemeint sein kann die Datei mit den als \u{..} geschriebenen Zeichen oder die Datei, deren Name sie ausschreibt, und beide gibt es.</translation>
+        <source>&quot;%1&quot; is not opened: it could mean the file with the characters written as \u{..} or \x{..}, or the file whose name spells them out, and both exist.</source>
+        <translation>&quot;%1&quot; wird nicht geöffnet: gemeint sein kann die Datei mit den als \u{..} oder \x{..} geschriebenen Zeichen oder die Datei, deren Name sie ausschreibt, und beide gibt es.</translation>
     </message>
 </context>
 <context>

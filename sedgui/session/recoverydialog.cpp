@@ -1,5 +1,6 @@
 #include "recoverydialog.h"
 
+#include "filenameescape.h"
 #include "filereader.h"
 #include "linediff.h"
 #include "textfilecodec.h"
@@ -96,7 +97,7 @@ QString RecoveryDialog::differences(const JournalStore::Found &journal)
         FileReader::read(entry.path, &disk, &error))
         disk = TextFileCodec::decode(disk).utf8;
     const QByteArray name =
-        entry.path.isEmpty() ? documentName(entry).toUtf8() : QFile::encodeName(entry.path);
+        entry.path.isEmpty() ? documentName(entry).toUtf8() : FileNameEscape::toNative(entry.path);
     const QByteArray diff = LineDiff::unified(disk, journal.text, name + tr(" (on disk)").toUtf8(),
                                               name + tr(" (recovered)").toUtf8());
     if (diff.isEmpty())

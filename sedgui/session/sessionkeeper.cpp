@@ -3,6 +3,7 @@
 #include "dialogs/infobar.h"
 #include "displayname.h"
 #include "options/editorsettings.h"
+#include "posixfile.h"
 #include "sedgui.h"
 #include "session/closebatch.h"
 #include "session/tabopener.h"
@@ -11,7 +12,6 @@
 
 #include <QAction>
 #include <QCloseEvent>
-#include <QFileInfo>
 #include <QGuiApplication>
 #include <QMainWindow>
 #include <QScopedValueRollback>
@@ -149,7 +149,7 @@ void SessionKeeper::reopen(const SessionRecord &record)
         if (file.path.isEmpty())
             continue;
         SedGUI *document =
-            QFileInfo(file.path).isFile() ? TabOpener::open(m_window, file.path) : nullptr;
+            PosixFile::isFile(file.path) ? TabOpener::open(m_window, file.path) : nullptr;
         if (!document) {
             skipped.append(file.path);
             continue;

@@ -8,6 +8,7 @@
 #include "lexers/editorcolours.h"
 #include "lexers/languagelexers.h"
 #include "options/editorsettings.h"
+#include "posixfile.h"
 #include "safesaver.h"
 #include "sedgui.h"
 #include "templatetree.h"
@@ -124,8 +125,7 @@ QString displayName(const QString &path)
 bool SedGUI::openFile(const QString &path, QString *error)
 {
     const QString absolute = QDir::cleanPath(QFileInfo(path).absoluteFilePath());
-    const QFileInfo info(absolute);
-    if (!info.exists() && !info.isSymLink()) {
+    if (!PosixFile::exists(absolute)) {
         // A new file: nothing exists on disk until the user saves.
         m_doc->filePath = absolute;
         m_doc->untitledNumber = 0;
@@ -316,7 +316,13 @@ bool SedGUI::saveAs()
     const QString chosen = UserPrompt::askSaveFileName(this, suggested, Languages::fileFilter());
     if (chosen.isEmpty())
         return false;
-    const QString path = QDir::cleanPath(QFileInfo(chosen).absoluteFilePath());
+    QString why;
+    const QString path =
+        PosixFile::undoLossyDecoding(QDir::cleanPath(QFileInfo(chosen).absoluteFilePath()), &why);
+    if (path.isEmpty()) {
+        UserPrompt::tell(this, UserPrompt::Icon::Warning, tr("Save As"), why);
+        return false;
+    }
     SedGUI *holder = TemplateTree::Instance()->findDocument(path);
     if (holder && holder != this) {
         UserPrompt::tell(this, UserPrompt::Icon::Warning, tr("Save As"),
@@ -335,7 +341,7 @@ bool SedGUI::saveTo(const QString &path)
         m_indentation->setFilePath(path);
         // An untitled document becomes a new file: the project's
         // .editorconfig says how that is written.
-        if (m_doc->filePath.isEmpty() && !QFileInfo::exists(path))
+        if (m_doc->filePath.isEmpty() && !PosixFile::exists(path))
             setTextFormat(m_indentation->formatForNewFile(m_doc->format));
     }
     if (!writeFile(path)) {

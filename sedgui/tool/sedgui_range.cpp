@@ -18,7 +18,8 @@ using Sci = QsciScintillaBase;
 QString comparablePath(const QString &path)
 {
     const QFileInfo info(path);
-    const QString canonical = info.canonicalFilePath();
+    const QString canonical =
+        FileNameEscape::hasEscapes(path) ? QString() : info.canonicalFilePath();
     return canonical.isEmpty() ? info.absoluteFilePath() : canonical;
 }
 
@@ -26,10 +27,9 @@ QString comparablePath(const QString &path)
 
 bool SedGUI::selectRange(const QString &file, int line, int column, int length)
 {
-    bool rawBytes = false;
-    const QString path = FileNameEscape::unescape(file, &rawBytes);
-    if (rawBytes || m_doc->filePath.isEmpty() ||
-        comparablePath(path) != comparablePath(m_doc->filePath))
+    // The name as the result pane writes it, read as the program holds names.
+    const QString path = FileNameEscape::fromNative(FileNameEscape::toNative(file));
+    if (m_doc->filePath.isEmpty() || comparablePath(path) != comparablePath(m_doc->filePath))
         return false;
     return selectSpan(line, column, length);
 }

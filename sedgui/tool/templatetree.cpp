@@ -1,5 +1,6 @@
 #include "templatetree.h"
 
+#include "filenameescape.h"
 #include "sedgui.h"
 #include "tool/externalchangebatch.h"
 
@@ -15,8 +16,10 @@ namespace {
 // where the file exists.
 QString fileKey(const QString &path)
 {
+    // A name Qt cannot reach (FileNameEscape) is compared as written.
     const QFileInfo info(path);
-    const QString canonical = info.canonicalFilePath();
+    const QString canonical =
+        FileNameEscape::hasEscapes(path) ? QString() : info.canonicalFilePath();
     return canonical.isEmpty() ? QDir::cleanPath(info.absoluteFilePath()) : canonical;
 }
 
@@ -86,7 +89,9 @@ void TemplateTree::watchFile(const QString &path)
     }
     if (m_watcher->files().contains(path))
         m_watcher->removePath(path);
-    if (QFileInfo::exists(path))
+    // The watcher takes names as Qt encodes them: one whose bytes are not
+    // UTF-8 is not watched; saving still finds a change made on disk.
+    if (!FileNameEscape::hasEscapes(path) && QFileInfo::exists(path))
         m_watcher->addPath(path);
     dropUnusedWatches();
 }

@@ -1,5 +1,7 @@
 #include "window/drophandler.h"
 
+#include "filenameescape.h"
+
 #include <QDragEnterEvent>
 #include <QDragMoveEvent>
 #include <QDropEvent>
@@ -25,9 +27,14 @@ QStringList DropHandler::localFiles(const QMimeData *data)
         return files;
     }
     for (const QUrl &url : data->urls()) {
-        if (url.isLocalFile() && !url.toLocalFile().isEmpty()) {
-            files.append(url.toLocalFile());
+        if (!url.isLocalFile() || url.toLocalFile().isEmpty()) {
+            continue;
         }
+        // The URL keeps the name's bytes percent-encoded; toLocalFile would
+        // put U+FFFD in place of those that are not UTF-8, another name.
+        const QByteArray bytes =
+            QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1());
+        files.append(url.host().isEmpty() ? FileNameEscape::fromNative(bytes) : url.toLocalFile());
     }
     return files;
 }

@@ -1,15 +1,21 @@
 #include "../sedgui/promptrecorder.h"
+#include "filenameescape.h"
+#include "filereader.h"
 #include "hubappinterface.h"
 #include "sedgui.h"
 #include "templatetree.h"
 #include "toolargs.h"
 
+#include <QDir>
 #include <QFile>
 #include <QPluginLoader>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <Qsci/qsciscintilla.h>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 using namespace koru::sedgui;
 
@@ -36,6 +42,8 @@ private Q_SLOTS:
     void parseArgs();
     void openAtLineFindAgainOrRefuse();
     void startUpCommandLineQueuesTheOtherFiles();
+    void nameNotUtf8OpensAndSavesThatFile_data();
+    void nameNotUtf8OpensAndSavesThatFile();
 
 private:
     SedGUI *create(const QStringList &args, QString *error = nullptr)
@@ -67,6 +75,10 @@ void TestSedApp::initTestCase()
         QFile file(m_dir.filePath(name));
         QVERIFY(file.open(QIODevice::WriteOnly) && file.write(QByteArray("x\n").repeated(100)));
     }
+    // Names that are not UTF-8, which Qt's dialogs and URLs read with U+FFFD.
+    for (const char *name : {"/one\xff.c", "/two\xfe.c", "/two\xfd.c"})
+        QVERIFY(::close(::open(QByteArray(QFile::encodeName(m_dir.path()) + name).constData(),
+                               O_CREAT | O_WRONLY, 0644)) == 0);
 }
 
 // "arguments => files as path@line, W the working folder; "ignoring" and the skipped"
@@ -85,7 +97,10 @@ void TestSedApp::parseArgs_data()
     // Names written with escapes, as the result pane and the command line write them.
     QTest::newRow("escaped separator, name spelt out, not valid UTF-8, ambiguous")
         << QStringLiteral("/a\\u{2029}b lit\\u{0041} /bad\\x{FF}.c both\\u{2029} => /a") +
-               QChar(0x2029) + QStringLiteral("b@0 W/lit\\u{0041}@0 refusing 2");
+               QChar(0x2029) +
+               QStringLiteral("b@0 W/lit\\u{005C}u{0041}@0 /bad\\x{FF}.c@0 refusing 1");
+    QTest::newRow("read with U+FFFD: the one file, or refused when several")
+        << QString::fromUtf8("one\xef\xbf\xbd.c two\xef\xbf\xbd.c => W/one\\x{FF}.c@0 refusing 1");
 }
 
 void TestSedApp::parseArgs()
@@ -133,6 +148,46 @@ void TestSedApp::startUpCommandLineQueuesTheOtherFiles()
                  (QList<std::pair<QString, int>>{{dir + "second.txt", 5}, {dir + "third.txt", 9}}));
     SedGUI *fresh = create({}); // no file: a new document each time
     QVERIFY(fresh && fresh->getFileName().isEmpty() && create({}) != fresh);
+}
+
+// As main() and the result pane hand the name over (escaped), and as the
+// session and recent files keep it: that file opens and saving writes it.
+void TestSedApp::nameNotUtf8OpensAndSavesThatFile_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    QTest::addColumn<bool>("asHeld");
+    QTest::newRow("escaped") << QByteArray("bad\xff.txt") << false;
+    QTest::newRow("as held") << QByteArray("bad\xff.txt") << true;
+    QTest::newRow("an escape spelt out") << QByteArray("\\x{41}\xc3(.c") << false;
+    QTest::newRow("spelt out, as held") << QByteArray("\\x{41}\xc3(.c") << true;
+}
+
+void TestSedApp::nameNotUtf8OpensAndSavesThatFile()
+{
+    QFETCH(QByteArray, name);
+    QFETCH(bool, asHeld);
+    const QByteArray path = QFile::encodeName(m_dir.path()) + '/' + name;
+    const int fd = ::open(path.constData(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+    QVERIFY(fd >= 0);
+    QCOMPARE(::write(fd, "one\ntwo\n", 8), 8);
+    ::close(fd);
+    const qsizetype entries = QDir(m_dir.path()).count();
+
+    const QString held = FileNameEscape::fromNative(path);
+    PromptRecorder prompts;
+    SedGUI *tool = create({asHeld ? held : FileNameEscape::fromBytes(path), "-line", "2"});
+    QVERIFY(tool);
+    QCOMPARE(at(tool), held + ":2");
+    QCOMPARE(tool->editor()->text(), QStringLiteral("one\ntwo\n"));
+    tool->editor()->insert(QStringLiteral("new "));
+    QVERIFY(tool->save());
+    QVERIFY(prompts.asked.isEmpty());
+    QByteArray saved;
+    QString error;
+    QVERIFY2(FileReader::read(held, &saved, &error), qPrintable(error));
+    QCOMPARE(saved, QByteArray("one\nnew two\n"));
+    QCOMPARE(QDir(m_dir.path()).count(), entries);
+    ::unlink(path.constData());
 }
 
 QTEST_MAIN(TestSedApp)

@@ -298,7 +298,7 @@ private Q_SLOTS:
         QTest::addColumn<QStringList>("opened");
         QTest::addColumn<QString>("text");
         QTest::newRow("local files open, remote ignored")
-            << true << QStringList{"/tmp/a.txt", "/tmp/b c.txt"} << "keep";
+            << true << QStringList{"/tmp/a.txt", "/tmp/b c.txt", "/tmp/bad\\x{FF}.txt"} << "keep";
         QTest::newRow("text is inserted") << false << QStringList() << "droppedkeep";
     }
     void dropOpensFilesOrInsertsText()
@@ -312,6 +312,7 @@ private Q_SLOTS:
         if (files)
             data.setUrls({QUrl::fromLocalFile(QStringLiteral("/tmp/a.txt")),
                           QUrl::fromLocalFile(QStringLiteral("/tmp/b c.txt")),
+                          QUrl::fromEncoded("file:///tmp/bad%FF.txt"), // not UTF-8
                           QUrl(QStringLiteral("https://example.org/remote.txt"))});
         else
             data.setText(QStringLiteral("dropped"));

@@ -63,7 +63,17 @@ inline void addMatchRows()
     row("plain text holds \\E", "x\\E.y", {}, "x\\E.y xE.y", {"1:x\\E.y"});
     row("line numbers over mixed ends", "\\d", R, "1\n2\r\n3\r4\r\n\n5",
         {"1:1", "2:2", "3:3", "4:4", "6:5"});
+    row("line numbers over a long text", "z", C, QByteArray("ab\n").repeated(3000) + "\r\nz",
+        {"3002:z"});
     row("empty pattern matches nothing", "", R, "abc", {});
+    // Case-sensitive plain text is searched sixteen bytes at a time.
+    row("plain text across blocks, near misses", "abca", C,
+        QByteArray(15, '.') + "abca" + QByteArray(13, '.') + "abxa.abcaabca\n" +
+            QByteArray(40, 'a') + "bca",
+        {"1:abca", "1:abca", "1:abca", "2:abca"});
+    row("plain text of one byte", "x", C, "axb\nx", {"1:x", "2:x"});
+    row("plain text longer than a block, at the end", "0123456789abcdefXYZ", C,
+        "0123456789abcdefXYz 0123456789abcdefXYZ", {"1:0123456789abcdefXYZ"});
 }
 
 // Columns: pattern, options, text, before, expected (the previous match or "").
