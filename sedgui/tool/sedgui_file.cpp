@@ -231,6 +231,9 @@ void SedGUI::applyDecoded(const QByteArray &utf8, bool keepUndo)
         m_editor->SendScintilla(QsciScintillaBase::SCI_SETUNDOCOLLECTION, 1UL);
         m_editor->SendScintilla(QsciScintillaBase::SCI_EMPTYUNDOBUFFER);
         m_editor->SendScintilla(QsciScintillaBase::SCI_GOTOPOS, 0UL);
+        // A new text starts at its first column, measured afresh.
+        m_editor->SendScintilla(QsciScintillaBase::SCI_SETSCROLLWIDTH, 1UL);
+        m_editor->SendScintilla(QsciScintillaBase::SCI_SETXOFFSET, 0UL);
     }
     m_editor->SendScintilla(QsciScintillaBase::SCI_SETSAVEPOINT);
     m_doc->forcedModified = false;

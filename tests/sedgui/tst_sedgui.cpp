@@ -6,6 +6,7 @@
 
 #include <QFileInfo>
 #include <QPointer>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QStringEncoder>
 #include <QTemporaryDir>
@@ -185,6 +186,36 @@ private Q_SLOTS:
             QVERIFY(tool.editor()->text(i).size() <= 1002); // broken for display
         QVERIFY(tool.saveTo(path));
         QVERIFY(FileOpsRunner::readFile(path) == bytes);
+    }
+    // Opened files start at the first column, and the horizontal scroll bar
+    // spans the widest line shown, not a fixed width.
+    void openedFileShowsTheFirstColumn_data()
+    {
+        QTest::addColumn<QByteArray>("line");
+        QTest::addColumn<int>("count");
+        QTest::addColumn<bool>("scrolls"); // wider than the view
+        QTest::newRow("short file") << QByteArray("int main() { return 0; }\n") << 3 << false;
+        QTest::newRow("2 M-line log")
+            << QByteArray("2026-11-23 10:00:00.123 INFO worker started\n") << 2000000 << false;
+        QTest::newRow("long line") << QByteArray(20000, 'x') + '\n' << 2 << true;
+        QTest::newRow("very long line") << QByteArray(200000, 'x') + '\n' << 2 << true;
+    }
+    void openedFileShowsTheFirstColumn()
+    {
+        QFETCH(QByteArray, line);
+        QFETCH(int, count);
+        QFETCH(bool, scrolls);
+        const QString path = file("start.log", line.repeated(count));
+        SedGUI tool;
+        QVERIFY(tool.openFile(path, nullptr));
+        tool.resize(800, 600);
+        tool.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&tool));
+        QScrollBar *bar = tool.editor()->horizontalScrollBar();
+        QTRY_COMPARE(bar->maximum() > 0, scrolls);
+        QCOMPARE(bar->value(), 0);
+        QCOMPARE(tool.editor()->SendScintilla(QsciScintillaBase::SCI_GETXOFFSET), 0);
+        QCOMPARE(tool.editor()->SendScintilla(QsciScintillaBase::SCI_GETFIRSTVISIBLELINE), 0);
     }
     void processArgsSelectsTheLine()
     {
