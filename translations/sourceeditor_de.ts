@@ -466,6 +466,10 @@
         <source>Save As</source>
         <translation>Speichern unter</translation>
     </message>
+    <message>
+        <source>Save &amp;As…</source>
+        <translation>Speichern &amp;unter…</translation>
+    </message>
 </context>
 <context>
     <name>koru::sedgui</name>
@@ -1410,6 +1414,14 @@ Neu laden?</translation>
     <message>
         <source>%1 could not be printed: the printer or the output file is not available.</source>
         <translation>%1 konnte nicht gedruckt werden: der Drucker oder die Ausgabedatei ist nicht verfügbar.</translation>
+    </message>
+    <message>
+        <source>%1
+
+Save the document somewhere else?</source>
+        <translation>%1
+
+Das Dokument an einem anderen Ort speichern?</translation>
     </message>
 </context>
 <context>

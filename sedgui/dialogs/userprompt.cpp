@@ -45,6 +45,7 @@ QMessageBox::ButtonRole buttonRole(UserPrompt::Button button)
     case UserPrompt::Save:
     case UserPrompt::Overwrite:
     case UserPrompt::SaveAsUtf8:
+    case UserPrompt::SaveAs:
         return QMessageBox::AcceptRole;
     case UserPrompt::Discard:
         return QMessageBox::DestructiveRole;
@@ -78,6 +79,8 @@ QString UserPrompt::buttonText(Button button)
         return QCoreApplication::translate("UserPrompt", "&Overwrite");
     case SaveAsUtf8:
         return QCoreApplication::translate("UserPrompt", "Save as &UTF-8");
+    case SaveAs:
+        return QCoreApplication::translate("UserPrompt", "Save &As…");
     }
     return {};
 }

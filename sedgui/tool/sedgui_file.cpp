@@ -341,13 +341,25 @@ bool SedGUI::saveTo(const QString &path)
         if (m_doc->filePath.isEmpty() && !QFileInfo::exists(path))
             setTextFormat(m_indentation->formatForNewFile(m_doc->format));
     }
-    if (!writeFile(path)) {
+    QString diskError;
+    if (!writeFile(path, &diskError)) {
         if (renamed) {
             m_indentation->setFilePath(m_doc->filePath);
             if (m_doc->format != formatBefore)
                 setTextFormat(formatBefore);
         }
-        return false;
+        if (diskError.isEmpty())
+            return false;
+        // Whatever went wrong (an immutable file, a read-only folder, a full
+        // disk), another place may work: the text is not lost for want of one.
+        UserPrompt::Question question;
+        question.icon = UserPrompt::Icon::Critical;
+        question.title = tr("Save");
+        question.text = tr("%1\n\nSave the document somewhere else?").arg(diskError);
+        question.buttons = {UserPrompt::SaveAs, UserPrompt::Cancel};
+        question.defaultButton = UserPrompt::SaveAs;
+        question.escapeButton = UserPrompt::Cancel;
+        return UserPrompt::ask(this, question) == UserPrompt::SaveAs && saveAs();
     }
     m_doc->filePath = path;
     m_doc->untitledNumber = 0;
@@ -372,7 +384,7 @@ bool SedGUI::saveTo(const QString &path)
     return true;
 }
 
-bool SedGUI::writeFile(const QString &path)
+bool SedGUI::writeFile(const QString &path, QString *diskError)
 {
     QByteArray utf8;
     if (m_doc->displayOnly) {
@@ -412,7 +424,7 @@ bool SedGUI::writeFile(const QString &path)
     // A save cut short must not lose the text: it is on disk before the file is touched.
     m_journal->writeAndWait();
     if (!SafeSaver::save(path, bytes, &error)) {
-        UserPrompt::tell(this, UserPrompt::Icon::Critical, tr("Save"), error);
+        *diskError = error;
         return false;
     }
     m_doc->format = format;

@@ -4,6 +4,7 @@
 #include "sedgui.h"
 #include "textformat.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QPointer>
 #include <QScrollBar>
@@ -216,6 +217,43 @@ private Q_SLOTS:
         QCOMPARE(bar->value(), 0);
         QCOMPARE(tool.editor()->SendScintilla(QsciScintillaBase::SCI_GETXOFFSET), 0);
         QCOMPARE(tool.editor()->SendScintilla(QsciScintillaBase::SCI_GETFIRSTVISIBLELINE), 0);
+    }
+    // The disk refuses the save (here: the folder became a file): Save As is offered.
+    void failedSaveOffersSaveAs_data()
+    {
+        QTest::addColumn<int>("answer");
+        QTest::addColumn<QString>("newName"); // the Save As dialog's answer; empty: cancelled
+        QTest::addColumn<bool>("saved");
+        QTest::newRow("save as elsewhere") << int(UserPrompt::SaveAs) << "elsewhere.txt" << true;
+        QTest::newRow("save as, dialog cancelled") << int(UserPrompt::SaveAs) << QString() << false;
+        QTest::newRow("cancel") << int(UserPrompt::Cancel) << "elsewhere.txt" << false;
+    }
+    void failedSaveOffersSaveAs()
+    {
+        QFETCH(int, answer);
+        QFETCH(QString, newName);
+        QFETCH(bool, saved);
+        QTemporaryDir dir;
+        QVERIFY(QDir(dir.path()).mkdir(QStringLiteral("folder")));
+        const QString path = dir.filePath(QStringLiteral("folder/doc.txt"));
+        QVERIFY(FileOpsRunner::writeFile(path, "text\n"));
+        PromptRecorder prompts;
+        prompts.answers = {UserPrompt::Button(answer)};
+        prompts.fileName = newName.isEmpty() ? QString() : dir.filePath(newName);
+        SedGUI tool;
+        QVERIFY(tool.openFile(path, nullptr));
+        tool.editor()->insertAt(QStringLiteral("mine "), 0, 0);
+        QVERIFY(QDir(dir.filePath(QStringLiteral("folder"))).removeRecursively());
+        QVERIFY(FileOpsRunner::writeFile(dir.filePath(QStringLiteral("folder")), "a file"));
+
+        QCOMPARE(tool.save(), saved);
+        QCOMPARE(prompts.asked.size(), 1);
+        QVERIFY(prompts.asked.first().buttons.contains(UserPrompt::SaveAs));
+        QCOMPARE(prompts.fileNameRequests, answer == UserPrompt::SaveAs ? 1 : 0);
+        QCOMPARE(tool.getFileName(), saved ? dir.filePath(newName) : path);
+        QCOMPARE(tool.isModified(), !saved);
+        if (saved)
+            QCOMPARE(FileOpsRunner::readFile(dir.filePath(newName)), QByteArray("mine text\n"));
     }
     void processArgsSelectsTheLine()
     {
