@@ -51,8 +51,11 @@ QMessageBox::ButtonRole buttonRole(UserPrompt::Button button)
         return QMessageBox::DestructiveRole;
     case UserPrompt::Cancel:
         return QMessageBox::RejectRole;
+    case UserPrompt::Close:
+        return QMessageBox::DestructiveRole;
     case UserPrompt::Reload:
     case UserPrompt::Keep:
+    case UserPrompt::KeepInEditor:
         break;
     }
     return QMessageBox::ActionRole;
@@ -79,6 +82,10 @@ QString UserPrompt::buttonText(Button button)
         return QCoreApplication::translate("UserPrompt", "&Overwrite");
     case SaveAsUtf8:
         return QCoreApplication::translate("UserPrompt", "Save as &UTF-8");
+    case KeepInEditor:
+        return QCoreApplication::translate("UserPrompt", "&Keep in Editor");
+    case Close:
+        return QCoreApplication::translate("UserPrompt", "&Close");
     case SaveAs:
         return QCoreApplication::translate("UserPrompt", "Save &As…");
     }

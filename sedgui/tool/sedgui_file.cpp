@@ -536,9 +536,28 @@ bool SedGUI::handleExternalChange()
     m_doc->diskIdentity = now;
 
     if (!now.exists) {
+        UserPrompt::Question question;
+        question.icon = UserPrompt::Icon::Warning;
+        question.title = tr("File Deleted from Disk");
+        question.text = tr("%1 was deleted from disk (or moved away).\n\nKeep it in the editor "
+                           "(saving writes it there again), or close it?")
+                            .arg(displayName(path));
+        question.buttons = {UserPrompt::KeepInEditor, UserPrompt::Close};
+        question.defaultButton = UserPrompt::KeepInEditor;
+        question.escapeButton = UserPrompt::KeepInEditor;
+        UserPrompt::Button answer = UserPrompt::KeepInEditor;
+        if (!ExternalChangeBatch::answerFor(this, &answer))
+            answer = UserPrompt::ask(this, question);
+        if (answer == UserPrompt::Close) {
+            // After the window's activation is over; a modified text still
+            // asks whether to save it.
+            QMetaObject::invokeMethod(
+                this, [this] { closeTool(false); }, Qt::QueuedConnection);
+            return false;
+        }
         setForcedModified(true);
-        m_infoBar->showMessage(tr("%1 was deleted or moved on disk. Your text is kept; saving "
-                                  "writes it there again.")
+        m_infoBar->showMessage(tr("%1 was deleted from disk. Your text is kept; saving writes "
+                                  "it there again.")
                                    .arg(displayName(path)));
         m_doc->diskNoticeShown = true;
         return true;
@@ -588,7 +607,10 @@ void SedGUI::noteDiskChange()
         return;
     if (FileIdentity::of(m_doc->filePath) == m_doc->diskIdentity)
         return;
-    m_infoBar->showMessage(tr("%1 has changed on disk.").arg(displayName(m_doc->filePath)),
+    const QString name = displayName(m_doc->filePath);
+    m_infoBar->showMessage(QFileInfo::exists(m_doc->filePath)
+                               ? tr("%1 has changed on disk.").arg(name)
+                               : tr("%1 was deleted from disk.").arg(name),
                            tr("Review"));
     m_doc->diskNoticeShown = true;
 }
