@@ -29,6 +29,7 @@
 
 #include <Qsci/qsciscintilla.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace koru::sedgui {
@@ -267,6 +268,13 @@ void SedGUI::closeTool(bool force)
 void SedGUI::activate()
 {
     emitEditState(true);
+    // The window sets the title through Latin-1 when the tab changes, which
+    // turns other characters into "?"; asked again once that is over, it
+    // shows the title as it is.
+    const QString title = getTitle();
+    if (std::any_of(title.cbegin(), title.cend(), [](QChar c) { return c.unicode() > 0xff; }))
+        QMetaObject::invokeMethod(
+            this, [this] { emit sigTitleChange(this); }, Qt::QueuedConnection);
     // A window that has just opened has no keyboard focus anywhere: give it
     // to the document, so that typing goes where the user looks.
     if (!window()->focusWidget())

@@ -255,6 +255,27 @@ private Q_SLOTS:
         if (saved)
             QCOMPARE(FileOpsRunner::readFile(dir.filePath(newName)), QByteArray("mine text\n"));
     }
+    // The window's title passes through Latin-1 on a tab change; a title
+    // outside it is sent again, once the tab change is over.
+    void titleOutsideLatin1IsSentAgainOnActivation_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<int>("sent");
+        QTest::newRow("Cyrillic") << QStringLiteral("\u041f\u0440\u0438\u0432\u0435\u0442.txt")
+                                  << 1;
+        QTest::newRow("Latin-1") << QStringLiteral("caf\u00e9.txt") << 0;
+    }
+    void titleOutsideLatin1IsSentAgainOnActivation()
+    {
+        QFETCH(QString, name);
+        SedGUI tool;
+        QVERIFY(tool.openFile(m_dir.filePath(name), nullptr));
+        QSignalSpy titles(&tool, &SedGUI::sigTitleChange);
+        tool.activate();
+        QCOMPARE(titles.size(), 0); // not before the window is done with the tab
+        QCoreApplication::processEvents();
+        QTEST(int(titles.size()), "sent");
+    }
     void processArgsSelectsTheLine()
     {
         QByteArray bytes;
