@@ -22,6 +22,13 @@ OptDlg::OptDlg(QList<hubAppInterface *> *tools, QWidget *parent, Qt::WindowFlags
     optionTree.setModel(new OptTreeModel(tools, nullptr));
     optionTree.header()->setVisible(false);
     optionTree.expandAll();
+    // A Qt 6 tree view shrinks to a width that knows nothing of its items
+    // when the page beside it needs the room: keep every node's name readable.
+    // Measured without the stretch, which would give the view's own width.
+    optionTree.header()->setStretchLastSection(false);
+    optionTree.resizeColumnToContents(0);
+    optionTree.setMinimumWidth(optionTree.columnWidth(0) + 2 * optionTree.frameWidth());
+    optionTree.header()->setStretchLastSection(true);
     connect(optionTree.selectionModel(),
             "2currentChanged(const QModelIndex &, const QModelIndex &)", this,
             "1onItemSelChanged(const QModelIndex &, const QModelIndex &)");

@@ -588,6 +588,18 @@
         <source>Save As</source>
         <translation>Speichern unter</translation>
     </message>
+    <message>
+        <source>Save &amp;As…</source>
+        <translation>Speichern &amp;unter…</translation>
+    </message>
+    <message>
+        <source>&amp;Keep in Editor</source>
+        <translation>&amp;Im Editor behalten</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Schließen</translation>
+    </message>
 </context>
 <context>
     <name>koru::sedgui</name>
@@ -1486,10 +1498,6 @@ Neu öffnen?</translation>
         <translation>Neu laden</translation>
     </message>
     <message>
-        <source>%1 was deleted or moved on disk. Your text is kept; saving writes it there again.</source>
-        <translation>%1 wurde auf der Festplatte gelöscht oder verschoben. Ihr Text bleibt erhalten; Speichern schreibt ihn wieder dorthin.</translation>
-    </message>
-    <message>
         <source>File Changed on Disk</source>
         <translation>Datei auf der Festplatte geändert</translation>
     </message>
@@ -1536,6 +1544,34 @@ Neu laden?</translation>
     <message>
         <source>%1 could not be printed: the printer or the output file is not available.</source>
         <translation>%1 konnte nicht gedruckt werden: der Drucker oder die Ausgabedatei ist nicht verfügbar.</translation>
+    </message>
+    <message>
+        <source>%1
+
+Save the document somewhere else?</source>
+        <translation>%1
+
+Das Dokument an einem anderen Ort speichern?</translation>
+    </message>
+    <message>
+        <source>File Deleted from Disk</source>
+        <translation>Datei auf dem Datenträger gelöscht</translation>
+    </message>
+    <message>
+        <source>%1 was deleted from disk (or moved away).
+
+Keep it in the editor (saving writes it there again), or close it?</source>
+        <translation>%1 wurde vom Datenträger gelöscht (oder verschoben).
+
+Im Editor behalten (Speichern schreibt sie dort wieder hin) oder schließen?</translation>
+    </message>
+    <message>
+        <source>%1 was deleted from disk. Your text is kept; saving writes it there again.</source>
+        <translation>%1 wurde vom Datenträger gelöscht. Ihr Text bleibt erhalten; Speichern schreibt ihn dort wieder hin.</translation>
+    </message>
+    <message>
+        <source>%1 was deleted from disk.</source>
+        <translation>%1 wurde vom Datenträger gelöscht.</translation>
     </message>
 </context>
 <context>
@@ -1722,20 +1758,111 @@ Der Text, der gespeichert werden sollte, wird wieder angeboten, falls er nicht g
         <translation>Dateien auf dem Datenträger geändert</translation>
     </message>
     <message>
-        <source>These files have changed on disk. Reload the checked ones? A file with unsaved changes keeps your text unless you check it (Undo brings your text back).</source>
-        <translation>Diese Dateien wurden auf dem Datenträger geändert. Die markierten neu laden? Eine Datei mit ungespeicherten Änderungen behält Ihren Text, wenn Sie sie nicht markieren (Rückgängig bringt Ihren Text zurück).</translation>
+        <source>These files have changed or were deleted on disk. Reload the checked ones, and close the checked ones that were deleted? A file with unsaved changes keeps your text unless you check it (Undo brings your text back).</source>
+        <translation>Diese Dateien wurden auf dem Datenträger geändert oder gelöscht. Die markierten neu laden und die markierten gelöschten schließen? Eine Datei mit ungespeicherten Änderungen behält Ihren Text, wenn Sie sie nicht markieren (Rückgängig bringt Ihren Text zurück).</translation>
+    </message>
+    <message>
+        <source>%1 (deleted from disk; checked: close it)</source>
+        <translation>%1 (vom Datenträger gelöscht; markiert: schließen)</translation>
     </message>
     <message>
         <source>%1 (you have unsaved changes)</source>
         <translation>%1 (Sie haben ungespeicherte Änderungen)</translation>
     </message>
     <message>
-        <source>&amp;Reload Checked</source>
-        <translation>Markierte &amp;neu laden</translation>
+        <source>&amp;Apply to Checked</source>
+        <translation>Auf markierte &amp;anwenden</translation>
     </message>
     <message>
         <source>&amp;Keep All</source>
         <translation>&amp;Alle behalten</translation>
+    </message>
+</context>
+<context>
+    <name>EncodingChoices</name>
+    <message>
+        <source>Unicode</source>
+        <translation>Unicode</translation>
+    </message>
+    <message>
+        <source>Western European</source>
+        <translation>Westeuropäisch</translation>
+    </message>
+    <message>
+        <source>Central European</source>
+        <translation>Mitteleuropäisch</translation>
+    </message>
+    <message>
+        <source>South-Eastern European</source>
+        <translation>Südosteuropäisch</translation>
+    </message>
+    <message>
+        <source>South European</source>
+        <translation>Südeuropäisch</translation>
+    </message>
+    <message>
+        <source>Nordic</source>
+        <translation>Nordisch</translation>
+    </message>
+    <message>
+        <source>Celtic</source>
+        <translation>Keltisch</translation>
+    </message>
+    <message>
+        <source>Cyrillic</source>
+        <translation>Kyrillisch</translation>
+    </message>
+    <message>
+        <source>Greek</source>
+        <translation>Griechisch</translation>
+    </message>
+    <message>
+        <source>Turkish</source>
+        <translation>Türkisch</translation>
+    </message>
+    <message>
+        <source>Hebrew</source>
+        <translation>Hebräisch</translation>
+    </message>
+    <message>
+        <source>Arabic</source>
+        <translation>Arabisch</translation>
+    </message>
+    <message>
+        <source>Baltic</source>
+        <translation>Baltisch</translation>
+    </message>
+    <message>
+        <source>Vietnamese</source>
+        <translation>Vietnamesisch</translation>
+    </message>
+    <message>
+        <source>Chinese Simplified</source>
+        <translation>Chinesisch (vereinfacht)</translation>
+    </message>
+    <message>
+        <source>Chinese Traditional</source>
+        <translation>Chinesisch (traditionell)</translation>
+    </message>
+    <message>
+        <source>Japanese</source>
+        <translation>Japanisch</translation>
+    </message>
+    <message>
+        <source>Korean</source>
+        <translation>Koreanisch</translation>
+    </message>
+    <message>
+        <source>Thai</source>
+        <translation>Thailändisch</translation>
+    </message>
+    <message>
+        <source>%1 with BOM</source>
+        <translation>%1 mit BOM</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
     </message>
 </context>
 </TS>

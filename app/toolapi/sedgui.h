@@ -60,7 +60,7 @@ public:
 
     // Writes the document to its file; an untitled document asks for a name.
     // Returns true when the text is on disk; on failure the user has been told
-    // why and the document stays modified.
+    // why and offered Save As, and otherwise the document stays modified.
     bool save();
     // Asks for a file name and writes the document there. Returns false when
     // the user cancelled or the write failed.
@@ -163,7 +163,7 @@ private:
     void setForcedModified(bool modified);
     void loadBytes(const QByteArray &bytes, bool keepUndo);
     void applyDecoded(const QByteArray &utf8, bool keepUndo);
-    bool writeFile(const QString &path);
+    bool writeFile(const QString &path, QString *diskError);
     bool reloadFromDisk();
     void applyLanguage(const QString &name);
     void setHugeLines(bool huge);

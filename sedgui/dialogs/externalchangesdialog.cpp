@@ -21,11 +21,12 @@ ExternalChangesDialog::Answerer &answererSlot()
 } // namespace
 
 bool ExternalChangesDialog::ask(QWidget *parent, const QStringList &names,
-                                const QList<bool> &modified, QList<bool> *reload)
+                                const QList<bool> &modified, const QList<bool> &deleted,
+                                QList<bool> *reload)
 {
     if (const Answerer &answerer = answererSlot())
-        return answerer(names, modified, reload);
-    ExternalChangesDialog dialog(names, modified, parent);
+        return answerer(names, modified, deleted, reload);
+    ExternalChangesDialog dialog(names, modified, deleted, parent);
     const bool apply = dialog.exec() == QDialog::Accepted;
     *reload = dialog.reloadFlags();
     return apply;
@@ -37,11 +38,12 @@ void ExternalChangesDialog::setAnswerer(Answerer answerer)
 }
 
 ExternalChangesDialog::ExternalChangesDialog(const QStringList &names, const QList<bool> &modified,
-                                             QWidget *parent)
+                                             const QList<bool> &deleted, QWidget *parent)
     : QDialog(parent)
 {
     setWindowTitle(tr("Files Changed on Disk"));
-    auto *label = new QLabel(tr("These files have changed on disk. Reload the checked ones? "
+    auto *label = new QLabel(tr("These files have changed or were deleted on disk. Reload the "
+                                "checked ones, and close the checked ones that were deleted? "
                                 "A file with unsaved changes keeps your text unless you check "
                                 "it (Undo brings your text back)."),
                              this);
@@ -50,14 +52,18 @@ ExternalChangesDialog::ExternalChangesDialog(const QStringList &names, const QLi
     m_list->setObjectName(QStringLiteral("changedFiles"));
     for (qsizetype i = 0; i < names.size(); ++i) {
         const bool mine = modified.value(i);
-        auto *item = new QListWidgetItem(
-            mine ? tr("%1 (you have unsaved changes)").arg(names.at(i)) : names.at(i), m_list);
+        const bool gone = deleted.value(i);
+        QString text =
+            gone ? tr("%1 (deleted from disk; checked: close it)").arg(names.at(i)) : names.at(i);
+        if (mine)
+            text = tr("%1 (you have unsaved changes)").arg(text);
+        auto *item = new QListWidgetItem(text, m_list);
         item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsUserCheckable);
-        item->setCheckState(mine ? Qt::Unchecked : Qt::Checked);
+        item->setCheckState(mine || gone ? Qt::Unchecked : Qt::Checked);
     }
 
     auto *buttons = new QDialogButtonBox(this);
-    QPushButton *reload = buttons->addButton(tr("&Reload Checked"), QDialogButtonBox::AcceptRole);
+    QPushButton *reload = buttons->addButton(tr("&Apply to Checked"), QDialogButtonBox::AcceptRole);
     buttons->addButton(tr("&Keep All"), QDialogButtonBox::RejectRole);
     reload->setDefault(true);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);

@@ -45,13 +45,17 @@ QMessageBox::ButtonRole buttonRole(UserPrompt::Button button)
     case UserPrompt::Save:
     case UserPrompt::Overwrite:
     case UserPrompt::SaveAsUtf8:
+    case UserPrompt::SaveAs:
         return QMessageBox::AcceptRole;
     case UserPrompt::Discard:
         return QMessageBox::DestructiveRole;
     case UserPrompt::Cancel:
         return QMessageBox::RejectRole;
+    case UserPrompt::Close:
+        return QMessageBox::DestructiveRole;
     case UserPrompt::Reload:
     case UserPrompt::Keep:
+    case UserPrompt::KeepInEditor:
         break;
     }
     return QMessageBox::ActionRole;
@@ -78,6 +82,12 @@ QString UserPrompt::buttonText(Button button)
         return QCoreApplication::translate("UserPrompt", "&Overwrite");
     case SaveAsUtf8:
         return QCoreApplication::translate("UserPrompt", "Save as &UTF-8");
+    case KeepInEditor:
+        return QCoreApplication::translate("UserPrompt", "&Keep in Editor");
+    case Close:
+        return QCoreApplication::translate("UserPrompt", "&Close");
+    case SaveAs:
+        return QCoreApplication::translate("UserPrompt", "Save &As…");
     }
     return {};
 }

@@ -16,7 +16,19 @@ namespace koru::sedgui {
 class SEDGUI_EXPORT UserPrompt
 {
 public:
-    enum Button { Ok, Save, Discard, Cancel, Reload, Keep, Overwrite, SaveAsUtf8 };
+    enum Button {
+        Ok,
+        Save,
+        Discard,
+        Cancel,
+        Reload,
+        Keep,
+        Overwrite,
+        SaveAsUtf8,
+        SaveAs,
+        KeepInEditor,
+        Close
+    };
     enum class Icon { Information, Warning, Critical, Question };
 
     struct Question

@@ -2,6 +2,7 @@
 
 #include "dialogs/userprompt.h"
 #include "editing/editorcommands.h"
+#include "editing/encodingchoices.h"
 #include "editing/indentation.h"
 #include "editing/multiselection.h"
 #include "editing/wordcompleter.h"
@@ -21,15 +22,6 @@
 #include <Qsci/qsciscintilla.h>
 
 namespace koru::sedgui {
-
-namespace {
-
-QString encodingLabel(const QByteArray &encoding)
-{
-    return QString::fromLatin1(encoding);
-}
-
-} // namespace
 
 EditorActions::EditorActions(SedGUI *tool)
     : QObject(tool)
@@ -298,52 +290,59 @@ void EditorActions::setLineNumbersVisible(bool visible)
     EditorCommands::fitLineNumberMargin(m_tool->editor(), visible);
 }
 
-bool EditorActions::saveWithEncoding(const QByteArray &encoding)
+bool EditorActions::saveWithEncoding(const QByteArray &encoding, bool utf8Bom)
 {
     TextFormat format = m_tool->textFormat();
-    if (format.encoding == encoding) {
-        return true;
-    }
     format.encoding = encoding;
     format.bom = encoding.startsWith("UTF-16") || encoding.startsWith("UTF-32") ||
-                 (encoding == "UTF-8" && m_tool->textFormat().bom);
+                 (encoding == "UTF-8" && utf8Bom);
     QByteArray bytes;
     QString error;
     if (!TextFileCodec::encode(m_tool->editor()->text().toUtf8(), format, &bytes, &error)) {
-        UserPrompt::tell(
-            m_tool, UserPrompt::Icon::Warning, tr("Save with Encoding"),
-            tr("The document cannot be saved in %1: %2\nIt keeps the encoding %3.")
-                .arg(encodingLabel(encoding), error, encodingLabel(m_tool->textFormat().encoding)));
+        const TextFormat kept = m_tool->textFormat();
+        UserPrompt::tell(m_tool, UserPrompt::Icon::Warning, tr("Save with Encoding"),
+                         tr("The document cannot be saved in %1: %2\nIt keeps the encoding %3.")
+                             .arg(EncodingChoices::label(encoding, format.bom), error,
+                                  EncodingChoices::label(kept.encoding, kept.bom)));
         return false;
     }
     m_tool->setTextFormat(format);
-    return true;
+    return m_tool->save();
 }
 
 void EditorActions::fillEncodingMenu()
 {
+    // The sub-menus of the last showing go with their actions.
+    qDeleteAll(m_encodingMenu->findChildren<QMenu *>(Qt::FindDirectChildrenOnly));
     m_encodingMenu->clear();
     QMenu *reopen = m_encodingMenu->addMenu(tr("&Reopen with Encoding"));
     QMenu *saveWith = m_encodingMenu->addMenu(tr("&Save with Encoding"));
     reopen->setObjectName(QStringLiteral("reopenWithEncodingMenu"));
     saveWith->setObjectName(QStringLiteral("saveWithEncodingMenu"));
     reopen->setEnabled(!m_tool->getFileName().isEmpty());
+    // Reopening reads the bytes in an encoding; a BOM is found by itself.
+    EncodingChoices::fillMenu(reopen, [this](QAction *action,
+                                             const EncodingChoices::Choice &choice) {
+        if (choice.bom) {
+            delete action;
+            return;
+        }
+        action->setData(choice.encoding);
+        connect(action, &QAction::triggered, m_tool, [tool = m_tool, encoding = choice.encoding] {
+            tool->reloadWithEncoding(encoding);
+        });
+    });
     auto *group = new QActionGroup(saveWith);
-    const QByteArray current = m_tool->textFormat().encoding;
-    for (const QByteArray &encoding : TextFileCodec::availableEncodings()) {
-        QAction *reopenAction = reopen->addAction(encodingLabel(encoding));
-        reopenAction->setData(encoding);
-        connect(reopenAction, &QAction::triggered, m_tool,
-                [tool = m_tool, encoding] { tool->reloadWithEncoding(encoding); });
-
-        QAction *saveAction = saveWith->addAction(encodingLabel(encoding));
-        saveAction->setData(encoding);
-        saveAction->setCheckable(true);
-        saveAction->setChecked(encoding == current);
-        group->addAction(saveAction);
-        connect(saveAction, &QAction::triggered, this,
-                [this, encoding] { saveWithEncoding(encoding); });
-    }
+    const TextFormat current = m_tool->textFormat();
+    EncodingChoices::fillMenu(
+        saveWith, [&](QAction *action, const EncodingChoices::Choice &choice) {
+            action->setData(QByteArray(choice.encoding + (choice.bom ? "+BOM" : "")));
+            action->setCheckable(true);
+            action->setChecked(EncodingChoices::matches(choice, current));
+            group->addAction(action);
+            connect(action, &QAction::triggered, this,
+                    [this, choice] { saveWithEncoding(choice.encoding, choice.bom); });
+        });
 }
 
 void EditorActions::fillLineEndingMenu()

@@ -43,9 +43,10 @@ public:
     QMenu *syntaxMenu() const { return m_syntaxMenu; }
     QMenu *indentationMenu() const { return m_indentationMenu; }
 
-    // Sets the encoding used by the next save, after checking that it can
-    // hold the text; says why not and keeps the old one otherwise.
-    bool saveWithEncoding(const QByteArray &encoding);
+    // Saves the document in encoding (UTF-8 with a byte order mark when
+    // utf8Bom), after checking that it holds every character; otherwise says
+    // which character on which line it cannot hold and changes nothing.
+    bool saveWithEncoding(const QByteArray &encoding, bool utf8Bom = false);
 
 private:
     QAction *addAction(QList<QAction *> &list, const QString &name, const QString &text,

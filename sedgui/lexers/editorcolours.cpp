@@ -81,10 +81,12 @@ void EditorColours::paintEditor()
     editor->setMarginsBackgroundColor(scheme.marginPaper());
     editor->setMarginsForegroundColor(scheme.lineNumbers());
     editor->setFoldMarginColors(scheme.foldMargin(), scheme.foldMargin());
-    for (int marker = QsciScintillaBase::SC_MARKNUM_FOLDEREND;
-         marker <= int(QsciScintillaBase::SC_MARKNUM_FOLDEROPEN); ++marker) {
-        editor->setMarkerForegroundColor(scheme.foldMargin(), marker);
-        editor->setMarkerBackgroundColor(scheme.foldMarker(), marker);
+    // By message: the widget's own setters skip markers it did not define
+    // itself, and the fold markers are defined by setFolding().
+    for (unsigned long marker = QsciScintillaBase::SC_MARKNUM_FOLDEREND;
+         marker <= QsciScintillaBase::SC_MARKNUM_FOLDEROPEN; ++marker) {
+        editor->SendScintilla(QsciScintillaBase::SCI_MARKERSETFORE, marker, scheme.foldMargin());
+        editor->SendScintilla(QsciScintillaBase::SCI_MARKERSETBACK, marker, scheme.foldMarker());
     }
     editor->setCaretLineBackgroundColor(scheme.currentLine());
     editor->setCaretForegroundColor(scheme.caret());

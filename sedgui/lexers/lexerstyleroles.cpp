@@ -1,6 +1,8 @@
 #include "lexers/lexerstyleroles.h"
 
+#include <QCoreApplication>
 #include <QHash>
+#include <QTranslator>
 
 #include <Qsci/qscilexer.h>
 
@@ -79,6 +81,46 @@ const QHash<QByteArray, QHash<int, Role>> &s_styles()
     return styles;
 }
 
+// While english is set, answers every text with its source: the lexers'
+// style descriptions are read in English, whatever language the translators
+// installed for the user speak. Otherwise it passes every text on.
+class EnglishDescriptions : public QTranslator
+{
+public:
+    bool english = false;
+    mutable bool asked = false;
+
+    // Nothing to translate: installing it changes no text on the screen.
+    bool isEmpty() const override { return true; }
+    QString translate(const char *, const char *sourceText, const char *, int) const override
+    {
+        asked = english;
+        return english && sourceText ? QString::fromUtf8(sourceText) : QString();
+    }
+};
+
+QString englishDescription(const QsciLexer &lexer, int style)
+{
+    // The translator installed last is asked first: this one is installed
+    // after those of the start-up, and again should another come after it.
+    // It lives as long as the program.
+    static EnglishDescriptions *const translator = [] {
+        auto *installed = new EnglishDescriptions;
+        QCoreApplication::installTranslator(installed);
+        return installed;
+    }();
+    translator->english = true;
+    translator->asked = false;
+    QString description = lexer.description(style);
+    if (!description.isEmpty() && !translator->asked) {
+        QCoreApplication::removeTranslator(translator);
+        QCoreApplication::installTranslator(translator);
+        description = lexer.description(style);
+    }
+    translator->english = false;
+    return description;
+}
+
 } // namespace
 
 ColourScheme::Role LexerStyleRoles::roleOfDescription(const QString &description)
@@ -101,7 +143,7 @@ ColourScheme::Role LexerStyleRoles::role(const QsciLexer &lexer, int style)
         if (styles != s_styles().constEnd() && styles->contains(style))
             return styles->value(style);
     }
-    return roleOfDescription(lexer.description(style));
+    return roleOfDescription(englishDescription(lexer, style));
 }
 
 } // namespace koru::sedgui

@@ -1,7 +1,7 @@
 #include "options/filesoptionspage.h"
 
+#include "editing/encodingchoices.h"
 #include "options/optionpages.h"
-#include "textfilecodec.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -37,8 +37,9 @@ void FilesOptionsPage::ensureControls()
     m_trimTrailing->setObjectName(QStringLiteral("trimTrailingWhitespace"));
     m_restoreSession->setObjectName(QStringLiteral("restoreSession"));
     m_keepWorkOnQuit->setObjectName(QStringLiteral("keepWorkOnQuit"));
-    for (const QByteArray &encoding : TextFileCodec::availableEncodings()) {
-        m_encoding->addItem(QString::fromLatin1(encoding), encoding);
+    for (const EncodingChoices::Choice &choice : EncodingChoices::all()) {
+        if (!choice.bom)
+            m_encoding->addItem(choice.label, choice.encoding);
     }
     m_lineEnding->addItem(tr("Unix and macOS (LF)"), int(LineEnding::LF));
     m_lineEnding->addItem(tr("Windows (CRLF)"), int(LineEnding::CRLF));

@@ -26,16 +26,18 @@ ExternalChangeBatch::~ExternalChangeBatch()
     s_current = m_previous;
 }
 
-// As handleExternalChange() decides: a file that is there and differs from
-// what the document last dealt with, and is not reloaded without asking.
+// As handleExternalChange() decides: a file deleted since the document last
+// dealt with it, or one that differs and is not reloaded without asking.
 bool ExternalChangeBatch::wouldAsk(const SedGUI *document)
 {
     const DocumentState &doc = *document->m_doc;
     if (doc.filePath.isEmpty() || doc.closing)
         return false;
     const FileIdentity now = FileIdentity::of(doc.filePath);
-    if (!now.exists || now == doc.diskIdentity)
+    if (now == doc.diskIdentity)
         return false;
+    if (!now.exists)
+        return doc.diskIdentity.exists;
     return document->isModified() || !doc.diskIdentity.exists ||
            !EditorSettings::load().reloadUnmodifiedSilently;
 }
@@ -46,17 +48,24 @@ void ExternalChangeBatch::ask()
         return;
     QStringList names;
     QList<bool> modified;
+    QList<bool> deleted;
     for (const QPointer<SedGUI> &document : std::as_const(m_documents)) {
         names.append(QDir::toNativeSeparators(document->getFileName()));
         modified.append(document->isModified());
+        deleted.append(!FileIdentity::of(document->getFileName()).exists);
     }
     QList<bool> reload;
-    for (const bool mine : std::as_const(modified))
-        reload.append(!mine);
-    if (!ExternalChangesDialog::ask(m_documents.first()->window(), names, modified, &reload))
+    for (qsizetype i = 0; i < modified.size(); ++i)
+        reload.append(!modified.at(i) && !deleted.at(i));
+    if (!ExternalChangesDialog::ask(m_documents.first()->window(), names, modified, deleted,
+                                    &reload))
         reload.fill(false);
-    for (qsizetype i = 0; i < m_documents.size(); ++i)
-        m_answers.append(reload.value(i) ? UserPrompt::Reload : UserPrompt::Keep);
+    for (qsizetype i = 0; i < m_documents.size(); ++i) {
+        if (deleted.at(i))
+            m_answers.append(reload.value(i) ? UserPrompt::Close : UserPrompt::KeepInEditor);
+        else
+            m_answers.append(reload.value(i) ? UserPrompt::Reload : UserPrompt::Keep);
+    }
 }
 
 bool ExternalChangeBatch::answerFor(const SedGUI *document, UserPrompt::Button *answer)

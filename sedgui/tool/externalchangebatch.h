@@ -27,8 +27,8 @@ public:
     // Asks about every question at once when there are several.
     void ask();
 
-    // The answer given for document in the current batch: Reload or Keep;
-    // false when no batch answered for it.
+    // The answer given for document in the current batch: Reload or Keep, or
+    // for a deleted file Close or KeepInEditor; false when no batch answered for it.
     static bool answerFor(const SedGUI *document, UserPrompt::Button *answer);
 
 private:

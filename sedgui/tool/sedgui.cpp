@@ -29,6 +29,7 @@
 
 #include <Qsci/qsciscintilla.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace koru::sedgui {
@@ -110,6 +111,10 @@ SedGUI::SedGUI(QWidget *parent)
     m_editor->setCaretLineVisible(true);
     m_editor->setBraceMatching(QsciScintilla::SloppyBraceMatch);
     m_editor->setAutoIndent(true);
+    // The horizontal scroll bar spans the widest line laid out so far, not a
+    // fixed 2000 pixels that makes every short file look scrolled sideways.
+    m_editor->SendScintilla(QsciScintillaBase::SCI_SETSCROLLWIDTHTRACKING, 1UL);
+    m_editor->SendScintilla(QsciScintillaBase::SCI_SETSCROLLWIDTH, 1UL);
 
     connect(m_editor, &QsciScintilla::textChanged, this, [this] { emitEditState(false); });
     connect(m_editor, &QsciScintilla::selectionChanged, this, [this] { emitEditState(false); });
@@ -263,6 +268,13 @@ void SedGUI::closeTool(bool force)
 void SedGUI::activate()
 {
     emitEditState(true);
+    // The window sets the title through Latin-1 when the tab changes, which
+    // turns other characters into "?"; asked again once that is over, it
+    // shows the title as it is.
+    const QString title = getTitle();
+    if (std::any_of(title.cbegin(), title.cend(), [](QChar c) { return c.unicode() > 0xff; }))
+        QMetaObject::invokeMethod(
+            this, [this] { emit sigTitleChange(this); }, Qt::QueuedConnection);
     // A window that has just opened has no keyboard focus anywhere: give it
     // to the document, so that typing goes where the user looks.
     if (!window()->focusWidget())

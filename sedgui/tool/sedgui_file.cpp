@@ -231,6 +231,9 @@ void SedGUI::applyDecoded(const QByteArray &utf8, bool keepUndo)
         m_editor->SendScintilla(QsciScintillaBase::SCI_SETUNDOCOLLECTION, 1UL);
         m_editor->SendScintilla(QsciScintillaBase::SCI_EMPTYUNDOBUFFER);
         m_editor->SendScintilla(QsciScintillaBase::SCI_GOTOPOS, 0UL);
+        // A new text starts at its first column, measured afresh.
+        m_editor->SendScintilla(QsciScintillaBase::SCI_SETSCROLLWIDTH, 1UL);
+        m_editor->SendScintilla(QsciScintillaBase::SCI_SETXOFFSET, 0UL);
     }
     m_editor->SendScintilla(QsciScintillaBase::SCI_SETSAVEPOINT);
     m_doc->forcedModified = false;
@@ -344,13 +347,25 @@ bool SedGUI::saveTo(const QString &path)
         if (m_doc->filePath.isEmpty() && !PosixFile::exists(path))
             setTextFormat(m_indentation->formatForNewFile(m_doc->format));
     }
-    if (!writeFile(path)) {
+    QString diskError;
+    if (!writeFile(path, &diskError)) {
         if (renamed) {
             m_indentation->setFilePath(m_doc->filePath);
             if (m_doc->format != formatBefore)
                 setTextFormat(formatBefore);
         }
-        return false;
+        if (diskError.isEmpty())
+            return false;
+        // Whatever went wrong (an immutable file, a read-only folder, a full
+        // disk), another place may work: the text is not lost for want of one.
+        UserPrompt::Question question;
+        question.icon = UserPrompt::Icon::Critical;
+        question.title = tr("Save");
+        question.text = tr("%1\n\nSave the document somewhere else?").arg(diskError);
+        question.buttons = {UserPrompt::SaveAs, UserPrompt::Cancel};
+        question.defaultButton = UserPrompt::SaveAs;
+        question.escapeButton = UserPrompt::Cancel;
+        return UserPrompt::ask(this, question) == UserPrompt::SaveAs && saveAs();
     }
     m_doc->filePath = path;
     m_doc->untitledNumber = 0;
@@ -375,7 +390,7 @@ bool SedGUI::saveTo(const QString &path)
     return true;
 }
 
-bool SedGUI::writeFile(const QString &path)
+bool SedGUI::writeFile(const QString &path, QString *diskError)
 {
     QByteArray utf8;
     if (m_doc->displayOnly) {
@@ -415,7 +430,7 @@ bool SedGUI::writeFile(const QString &path)
     // A save cut short must not lose the text: it is on disk before the file is touched.
     m_journal->writeAndWait();
     if (!SafeSaver::save(path, bytes, &error)) {
-        UserPrompt::tell(this, UserPrompt::Icon::Critical, tr("Save"), error);
+        *diskError = error;
         return false;
     }
     m_doc->format = format;
@@ -529,9 +544,28 @@ bool SedGUI::handleExternalChange()
     m_doc->diskIdentity = now;
 
     if (!now.exists) {
+        UserPrompt::Question question;
+        question.icon = UserPrompt::Icon::Warning;
+        question.title = tr("File Deleted from Disk");
+        question.text = tr("%1 was deleted from disk (or moved away).\n\nKeep it in the editor "
+                           "(saving writes it there again), or close it?")
+                            .arg(displayName(path));
+        question.buttons = {UserPrompt::KeepInEditor, UserPrompt::Close};
+        question.defaultButton = UserPrompt::KeepInEditor;
+        question.escapeButton = UserPrompt::KeepInEditor;
+        UserPrompt::Button answer = UserPrompt::KeepInEditor;
+        if (!ExternalChangeBatch::answerFor(this, &answer))
+            answer = UserPrompt::ask(this, question);
+        if (answer == UserPrompt::Close) {
+            // After the window's activation is over; a modified text still
+            // asks whether to save it.
+            QMetaObject::invokeMethod(
+                this, [this] { closeTool(false); }, Qt::QueuedConnection);
+            return false;
+        }
         setForcedModified(true);
-        m_infoBar->showMessage(tr("%1 was deleted or moved on disk. Your text is kept; saving "
-                                  "writes it there again.")
+        m_infoBar->showMessage(tr("%1 was deleted from disk. Your text is kept; saving writes "
+                                  "it there again.")
                                    .arg(displayName(path)));
         m_doc->diskNoticeShown = true;
         return true;
@@ -581,7 +615,10 @@ void SedGUI::noteDiskChange()
         return;
     if (FileIdentity::of(m_doc->filePath) == m_doc->diskIdentity)
         return;
-    m_infoBar->showMessage(tr("%1 has changed on disk.").arg(displayName(m_doc->filePath)),
+    const QString name = displayName(m_doc->filePath);
+    m_infoBar->showMessage(QFileInfo::exists(m_doc->filePath)
+                               ? tr("%1 has changed on disk.").arg(name)
+                               : tr("%1 was deleted from disk.").arg(name),
                            tr("Review"));
     m_doc->diskNoticeShown = true;
 }

@@ -24,6 +24,12 @@ bool ScreenFitter::eventFilter(QObject *watched, QEvent *event)
                     Qt::UniqueConnection);
             followScreen(handle->screen());
         }
+    } else if (watched == m_window && !m_frameKnown &&
+               (event->type() == QEvent::Paint || event->type() == QEvent::Move ||
+                event->type() == QEvent::WindowActivate) &&
+               m_window->isVisible() && m_window->frameGeometry() != m_window->geometry()) {
+        m_frameKnown = true;
+        fit();
     }
     return QObject::eventFilter(watched, event);
 }

@@ -33,6 +33,9 @@ private:
 
     QMainWindow *m_window = nullptr;
     QPointer<QScreen> m_screen;
+    // The window manager's frame is not known when the window is shown,
+    // only by its first paint: it is fitted again then, once.
+    bool m_frameKnown = false;
 };
 
 } // namespace koru::sedgui

@@ -8,10 +8,12 @@
 #include <QHash>
 #include <QPalette>
 #include <QTest>
+#include <QTranslator>
 
 #include <Qsci/qscilexer.h>
 #include <Qsci/qsciscintilla.h>
 
+#include <algorithm>
 #include <utility>
 
 using namespace koru::sedgui;
@@ -106,9 +108,14 @@ private Q_SLOTS:
         QTest::addColumn<QString>("language");
         QTest::addColumn<int>("style");
         QTest::addColumn<int>("role");
-        const auto row = [](const char *language, int style, ColourScheme::Role role) {
-            QTest::addRow("%s %d", language, style) << QString(language) << style << int(role);
+        QTest::addColumn<bool>("translated"); // the lexers' texts in another language
+        const auto row = [](const char *language, int style, ColourScheme::Role role,
+                            bool translated = false) {
+            QTest::addRow("%s %d%s", language, style, translated ? " translated" : "")
+                << QString(language) << style << int(role) << translated;
         };
+        row("C", 5, ColourScheme::Keyword, true);
+        row("Python", 12, ColourScheme::Comment, true);
         row("C", 5, ColourScheme::Keyword);
         row("C", 7, ColourScheme::Character);          // 'x'
         row("C", 9, ColourScheme::Preprocessor);       // #include
@@ -130,6 +137,20 @@ private Q_SLOTS:
         QFETCH(QString, language);
         QFETCH(int, style);
         QFETCH(int, role);
+        QFETCH(bool, translated);
+        // Every text reversed, as words of another language.
+        struct Reversed : QTranslator
+        {
+            bool isEmpty() const override { return false; }
+            QString translate(const char *, const char *text, const char *, int) const override
+            {
+                QString reversed = QString::fromUtf8(text);
+                std::reverse(reversed.begin(), reversed.end());
+                return reversed;
+            }
+        } reversed;
+        if (translated)
+            QCoreApplication::installTranslator(&reversed);
         SedGUI tool;
         tool.setLanguage(language);
         QVERIFY(tool.editor()->lexer());

@@ -55,7 +55,8 @@ QAction *findAction(SedGUI *tool, int menu, const char *name)
 QAction *menuEntry(QMenu *menu, const QVariant &data, const QString &name = {})
 {
     Q_EMIT menu->aboutToShow();
-    for (QAction *action : menu->actions()) {
+    // Also in sub-menus (the encodings are grouped by region).
+    for (QAction *action : menu->findChildren<QAction *>()) {
         if ((!name.isEmpty() && action->objectName() == name) ||
             (data.isValid() && action->data() == data))
             return action;
@@ -228,47 +229,83 @@ private Q_SLOTS:
         QCOMPARE(second->editor()->text(), QStringLiteral("two"));
     }
 
+    // Save with Encoding writes at once; what the encoding cannot hold is
+    // refused naming the character and line, and nothing changes.
     void saveWritesTheChosenFormat_data()
     {
         QTest::addColumn<QByteArray>("original");
-        QTest::addColumn<QString>("lineEnding"); // action name
-        QTest::addColumn<QString>("encoding");   // save with
-        QTest::addColumn<QByteArray>("saved");
-        QTest::newRow("mixed to CR") << QByteArray("a\r\nb\nc") << "lineEndingCR"
-                                     << "UTF-8" << QByteArray("a\rb\rc");
+        QTest::addColumn<QString>("lineEnding");  // action name, or none
+        QTest::addColumn<QByteArray>("current");  // the encoding entry checked on opening
+        QTest::addColumn<QByteArray>("encoding"); // the entry chosen
+        QTest::addColumn<QByteArray>("saved");    // on disk afterwards
+        QTest::newRow("mixed to CR")
+            << QByteArray("a\r\nb\nc") << "lineEndingCR" << QByteArray("UTF-8")
+            << QByteArray("UTF-8") << QByteArray("a\rb\rc");
         QTest::newRow("CRLF to LF and UTF-16LE")
-            << QByteArray("a\r\n") << "lineEndingLF"
-            << "UTF-16LE" << QByteArray::fromHex("fffe61000a00");
+            << QByteArray("a\r\n") << "lineEndingLF" << QByteArray("UTF-8")
+            << QByteArray("UTF-16LE") << QByteArray::fromHex("fffe61000a00");
         QTest::newRow("UTF-8 to Windows-1252 and CRLF")
-            << QByteArray("\xe2\x82\xac 1\n") << "lineEndingCRLF"
-            << "WINDOWS-1252" << QByteArray("\x80 1\r\n");
+            << QByteArray("\xe2\x82\xac 1\n") << "lineEndingCRLF" << QByteArray("UTF-8")
+            << QByteArray("WINDOWS-1252") << QByteArray("\x80 1\r\n");
+        QTest::newRow("to UTF-8 with BOM")
+            << QByteArray("x\n") << QString() << QByteArray("UTF-8") << QByteArray("UTF-8+BOM")
+            << QByteArray("\xef\xbb\xbfx\n");
+        QTest::newRow("BOM shown, saved without")
+            << QByteArray("\xef\xbb\xbfx\n") << QString() << QByteArray("UTF-8+BOM")
+            << QByteArray("UTF-8") << QByteArray("x\n");
+        QTest::newRow("refused: euro on line 2 in Latin-1")
+            << QByteArray("a\n\xe2\x82\xac\n") << QString() << QByteArray("UTF-8")
+            << QByteArray("ISO-8859-1") << QByteArray("a\n\xe2\x82\xac\n");
     }
     void saveWritesTheChosenFormat()
     {
         QFETCH(QByteArray, original);
         QFETCH(QString, lineEnding);
-        QFETCH(QString, encoding);
+        QFETCH(QByteArray, current);
+        QFETCH(QByteArray, encoding);
+        QFETCH(QByteArray, saved);
+        const bool refused = saved == original && lineEnding.isEmpty();
         QTemporaryDir dir;
         SedGUI tool;
         const QString path = openWith(tool, dir, original);
         QVERIFY(!path.isEmpty());
-        QMenu *endings = findAction(&tool, SedGUI::ViewMenu, "lineEndings")->menu();
-        QAction *ending = menuEntry(endings, {}, lineEnding);
-        QVERIFY(ending);
-        ending->trigger();
+        PromptRecorder prompts;
+        if (!lineEnding.isEmpty()) {
+            QMenu *endings = findAction(&tool, SedGUI::ViewMenu, "lineEndings")->menu();
+            QAction *ending = menuEntry(endings, {}, lineEnding);
+            QVERIFY(ending);
+            ending->trigger();
+        }
         QMenu *encodings = findAction(&tool, SedGUI::ViewMenu, "encoding")->menu();
         Q_EMIT encodings->aboutToShow();
         auto *saveWith = encodings->findChild<QMenu *>(QStringLiteral("saveWithEncodingMenu"));
         QVERIFY(saveWith);
-        QAction *choice = menuEntry(saveWith, encoding.toLatin1());
+        // The one entry checked is the document's encoding.
+        const auto checked = [&saveWith] {
+            QVariantList data;
+            for (QAction *action : saveWith->findChildren<QAction *>())
+                if (action->isChecked())
+                    data.append(action->data());
+            return data;
+        };
+        QCOMPARE(checked(), QVariantList{current});
+        QAction *choice = menuEntry(saveWith, encoding);
         QVERIFY(choice);
         choice->trigger();
-        QVERIFY(menuEntry(saveWith, encoding.toLatin1())->isChecked());
-        QVERIFY(tool.save());
-        QTEST(readFile(path), "saved");
+        QCOMPARE(readFile(path), saved);
+        QCOMPARE(tool.isModified(), false);
+        QCOMPARE(prompts.asked.size(), refused ? 1 : 0);
+        if (refused) {
+            QVERIFY(prompts.asked.first().text.contains(QStringLiteral("\u20ac")));
+            QVERIFY(prompts.asked.first().text.contains(QLatin1String("line 2")));
+        }
+        Q_EMIT encodings->aboutToShow();
+        saveWith = encodings->findChild<QMenu *>(QStringLiteral("saveWithEncodingMenu"));
+        QCOMPARE(checked(), QVariantList{refused ? current : encoding});
     }
 
-    // Refused with a message; forced onto the document, the save asks: Cancel writes nothing.
+    // A text the encoding cannot hold, forced onto the document: the save
+    // asks, Cancel writes nothing, Save as UTF-8 writes UTF-8.
     void unencodableCharacterMakesTheSaveAsk()
     {
         QTemporaryDir dir;
@@ -277,14 +314,11 @@ private Q_SLOTS:
         const QString path = openWith(tool, dir, original);
         QVERIFY(!path.isEmpty());
         PromptRecorder prompts;
-        QVERIFY(!tool.findChild<EditorActions *>()->saveWithEncoding("ISO-8859-1"));
-        QCOMPARE(prompts.asked.size(), 1);
-        QCOMPARE(tool.textFormat().encoding, QByteArray("UTF-8"));
         TextFormat latin1 = tool.textFormat();
         latin1.encoding = "ISO-8859-1";
         tool.setTextFormat(latin1);
         QVERIFY(!tool.save());
-        QCOMPARE(prompts.asked.size(), 2);
+        QCOMPARE(prompts.asked.size(), 1);
         QCOMPARE(readFile(path), original);
         prompts.answers = {UserPrompt::SaveAsUtf8};
         tool.editor()->append(QStringLiteral("more\n"));

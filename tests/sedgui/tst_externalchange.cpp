@@ -7,6 +7,8 @@
 #include "sedgui.h"
 #include "templatetree.h"
 
+#include <QListWidget>
+#include <QPointer>
 #include <QSaveFile>
 #include <QScopeGuard>
 #include <QTemporaryDir>
@@ -43,7 +45,7 @@ class TestExternalChange : public QObject
 
     QTemporaryDir m_dir;
     QString m_path = m_dir.filePath(QStringLiteral("watched.txt"));
-    SedGUI *m_tool = nullptr;
+    QPointer<SedGUI> m_tool; // a document closed by the user deletes itself
 
 private Q_SLOTS:
     void cleanup()
@@ -58,20 +60,29 @@ private Q_SLOTS:
     {
         QTest::addColumn<bool>("modified"); // "mine\n" typed before the change
         QTest::addColumn<bool>("silently"); // the reload-unmodified-silently option
-        QTest::addColumn<int>("answer");    // -1: Escape, -2: the file is deleted, nothing asked
-        QTest::addColumn<QString>("text");  // in the editor after the answer
-        const int reload = UserPrompt::Reload, keep = UserPrompt::Keep, escape = -1, deleted = -2;
-        QTest::newRow("unmodified, reload") << false << false << reload << "theirs\n";
-        QTest::newRow("unmodified, keep") << false << false << keep << "original\n";
-        QTest::newRow("unmodified, silent by option") << false << true << escape << "theirs\n";
-        QTest::newRow("modified, asked anyway") << true << true << escape << "mine\noriginal\n";
-        QTest::newRow("modified, reload") << true << false << reload << "theirs\n";
-        QTest::newRow("deleted, text kept as unsaved") << false << true << deleted << "original\n";
+        QTest::addColumn<bool>("deleted");  // the file is deleted, else replaced
+        QTest::addColumn<int>("answer");    // -1: Escape
+        QTest::addColumn<QString>("text");  // in the editor after the answer; empty: closed
+        const int reload = UserPrompt::Reload, keep = UserPrompt::Keep, escape = -1;
+        QTest::newRow("unmodified, reload") << false << false << false << reload << "theirs\n";
+        QTest::newRow("unmodified, keep") << false << false << false << keep << "original\n";
+        QTest::newRow("unmodified, silent by option")
+            << false << true << false << escape << "theirs\n";
+        QTest::newRow("modified, asked anyway")
+            << true << true << false << escape << "mine\noriginal\n";
+        QTest::newRow("modified, reload") << true << false << false << reload << "theirs\n";
+        QTest::newRow("deleted, Escape keeps the text as unsaved")
+            << false << true << true << escape << "original\n";
+        QTest::newRow("deleted and modified, kept")
+            << true << false << true << int(UserPrompt::KeepInEditor) << "mine\noriginal\n";
+        QTest::newRow("deleted, closed")
+            << false << false << true << int(UserPrompt::Close) << QString();
     }
     void changedOnDisk()
     {
         QFETCH(bool, modified);
         QFETCH(bool, silently);
+        QFETCH(bool, deleted);
         QFETCH(int, answer);
         QFETCH(QString, text);
         EditorSettings::Values settings = EditorSettings::load();
@@ -83,19 +94,26 @@ private Q_SLOTS:
         QVERIFY(open("original\n"));
         if (modified)
             m_tool->editor()->insertAt(QStringLiteral("mine\n"), 0, 0);
-        if (answer == -2)
+        if (deleted)
             QVERIFY(QFile::remove(m_path));
         else
             QVERIFY((modified ? renameOver : FileOpsRunner::writeFile)(m_path, "theirs\n"));
 
-        QCOMPARE(changed(), m_tool);
-        const qsizetype asks = (modified || !silently) && answer != -2 ? 1 : 0;
+        QCOMPARE(changed(), text.isEmpty() ? nullptr : m_tool.data());
+        const qsizetype asks = modified || !silently || deleted ? 1 : 0;
         QCOMPARE(prompts.asked.size(), asks);
         if (asks) {
+            const UserPrompt::Button keeps = deleted ? UserPrompt::KeepInEditor : UserPrompt::Keep;
             QVERIFY(prompts.asked.first().text.contains(m_path));
-            QCOMPARE(prompts.asked.first().escapeButton, UserPrompt::Keep);
+            // A deleted file is named as deleted, not as changed.
+            QCOMPARE(prompts.asked.first().text.contains(QLatin1String("deleted")), deleted);
+            QCOMPARE(prompts.asked.first().escapeButton, keeps);
             if (modified)
-                QCOMPARE(prompts.asked.first().defaultButton, UserPrompt::Keep);
+                QCOMPARE(prompts.asked.first().defaultButton, keeps);
+        }
+        if (text.isEmpty()) {
+            QTRY_VERIFY(!m_tool);
+            return;
         }
         QCOMPARE(m_tool->editor()->text(), text);
         const bool reloaded = text == QStringLiteral("theirs\n");
@@ -130,15 +148,17 @@ private Q_SLOTS:
     // Three files change at once, the middle one modified here: one list, no box.
     void manyChangesOneQuestion_data()
     {
-        QTest::addColumn<bool>("apply");         // Reload Checked; false: Keep All
+        QTest::addColumn<bool>("apply");         // Apply to Checked; false: Keep All
         QTest::addColumn<QList<bool>>("reload"); // the checks as the user leaves them
-        QTest::addColumn<QStringList>("texts");  // in the three editors afterwards
-        QTest::newRow("as offered") << true << QList{true, false, true}
-                                    << QStringList{"new 0\n", "mine\nold 1\n", "new 2\n"};
-        QTest::newRow("mine reloaded too, one kept")
-            << true << QList{false, true, true} << QStringList{"old 0\n", "new 1\n", "new 2\n"};
-        QTest::newRow("keep all") << false << QList{true, true, true}
-                                  << QStringList{"old 0\n", "mine\nold 1\n", "old 2\n"};
+        QTest::addColumn<QStringList>("texts");  // in the four editors afterwards; empty: closed
+        QTest::newRow("as offered")
+            << true << QList{true, false, true, false}
+            << QStringList{"new 0\n", "mine\nold 1\n", "new 2\n", "old 3\n"};
+        QTest::newRow("mine reloaded too, one kept, the deleted one closed")
+            << true << QList{false, true, true, true}
+            << QStringList{"old 0\n", "new 1\n", "new 2\n", ""};
+        QTest::newRow("keep all") << false << QList{true, true, true, true}
+                                  << QStringList{"old 0\n", "mine\nold 1\n", "old 2\n", "old 3\n"};
     }
     void manyChangesOneQuestion()
     {
@@ -148,7 +168,7 @@ private Q_SLOTS:
         PromptRecorder prompts;
         std::vector<std::unique_ptr<SedGUI>> tools;
         QStringList paths;
-        for (int i = 0; i < 3; ++i) {
+        for (int i = 0; i < 4; ++i) {
             paths.append(m_dir.filePath(QStringLiteral("many%1.txt").arg(i)));
             tools.push_back(std::make_unique<SedGUI>());
             QVERIFY(FileOpsRunner::writeFile(paths[i], "old " + QByteArray::number(i) + "\n"));
@@ -157,21 +177,34 @@ private Q_SLOTS:
         tools[1]->editor()->insertAt(QStringLiteral("mine\n"), 0, 0);
         for (int i = 0; i < 3; ++i)
             QVERIFY(renameOver(paths[i], "new " + QByteArray::number(i) + "\n"));
+        QVERIFY(QFile::remove(paths[3]));
         QList<QStringList> lists;
         QList<bool> offered;
-        ExternalChangesDialog::setAnswerer(
-            [&](const QStringList &names, const QList<bool> &, QList<bool> *checks) {
-                lists.append(names);
-                offered = std::exchange(*checks, reload);
-                return apply;
-            });
+        QList<bool> gone;
+        ExternalChangesDialog::setAnswerer([&](const QStringList &names, const QList<bool> &,
+                                               const QList<bool> &deleted, QList<bool> *checks) {
+            lists.append(names);
+            gone = deleted;
+            offered = std::exchange(*checks, reload);
+            return apply;
+        });
         const auto restore = qScopeGuard([] { ExternalChangesDialog::setAnswerer({}); });
 
         QCOMPARE(changed(), tools[0].get());
         QCOMPARE(lists, QList<QStringList>{paths});
-        QCOMPARE(offered, (QList<bool>{true, false, true})); // the modified one unchecked
+        // The modified and the deleted ones unchecked; the deleted one named as deleted.
+        QCOMPARE(offered, (QList<bool>{true, false, true, false}));
+        QCOMPARE(gone, (QList<bool>{false, false, false, true}));
+        const ExternalChangesDialog dialog(paths, {}, gone);
+        QVERIFY(dialog.findChild<QListWidget *>()->item(3)->text().contains(u"deleted from disk"));
         QVERIFY(prompts.asked.isEmpty());
-        for (int i = 0; i < 3; ++i) {
+        const QPointer<SedGUI> deletedOne = tools[3].get();
+        if (texts[3].isEmpty()) {
+            (void)tools[3].release(); // the closed document deletes itself
+            QTRY_VERIFY(!deletedOne);
+            texts.removeLast();
+        }
+        for (qsizetype i = 0; i < texts.size(); ++i) {
             QCOMPARE(tools[i]->editor()->text(), texts[i]);
             QCOMPARE(tools[i]->isModified(), !texts[i].startsWith(QLatin1String("new")));
         }

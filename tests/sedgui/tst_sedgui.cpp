@@ -4,8 +4,10 @@
 #include "sedgui.h"
 #include "textformat.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QPointer>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QStringEncoder>
 #include <QTemporaryDir>
@@ -185,6 +187,69 @@ private Q_SLOTS:
             QVERIFY(tool.editor()->text(i).size() <= 1002); // broken for display
         QVERIFY(tool.saveTo(path));
         QVERIFY(FileOpsRunner::readFile(path) == bytes);
+    }
+    // Opened files start at the first column, and the horizontal scroll bar
+    // spans the widest line shown, not a fixed width.
+    void openedFileShowsTheFirstColumn_data()
+    {
+        QTest::addColumn<QByteArray>("line");
+        QTest::addColumn<int>("count");
+        QTest::addColumn<bool>("scrolls"); // wider than the view
+        QTest::newRow("short file") << QByteArray("int main() { return 0; }\n") << 3 << false;
+        QTest::newRow("2 M-line log")
+            << QByteArray("2026-11-23 10:00:00.123 INFO worker started\n") << 2000000 << false;
+        QTest::newRow("long line") << QByteArray(20000, 'x') + '\n' << 2 << true;
+    }
+    void openedFileShowsTheFirstColumn()
+    {
+        QFETCH(QByteArray, line);
+        QFETCH(int, count);
+        QFETCH(bool, scrolls);
+        const QString path = file("start.log", line.repeated(count));
+        SedGUI tool;
+        QVERIFY(tool.openFile(path, nullptr));
+        tool.resize(800, 600);
+        tool.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&tool));
+        QScrollBar *bar = tool.editor()->horizontalScrollBar();
+        QTRY_COMPARE(bar->maximum() > 0, scrolls);
+        QCOMPARE(tool.editor()->SendScintilla(QsciScintillaBase::SCI_GETXOFFSET), 0);
+        QCOMPARE(tool.editor()->SendScintilla(QsciScintillaBase::SCI_GETFIRSTVISIBLELINE), 0);
+    }
+    // The disk refuses the save (here: the folder became a file): Save As is offered.
+    void failedSaveOffersSaveAs_data()
+    {
+        QTest::addColumn<int>("answer");
+        QTest::addColumn<QString>("newName"); // the Save As dialog's answer; empty: cancelled
+        QTest::newRow("save as elsewhere") << int(UserPrompt::SaveAs) << "elsewhere.txt";
+        QTest::newRow("save as, dialog cancelled") << int(UserPrompt::SaveAs) << QString();
+        QTest::newRow("cancel") << int(UserPrompt::Cancel) << "elsewhere.txt";
+    }
+    void failedSaveOffersSaveAs()
+    {
+        QFETCH(int, answer);
+        QFETCH(QString, newName);
+        const bool saved = answer == UserPrompt::SaveAs && !newName.isEmpty();
+        QTemporaryDir dir;
+        QVERIFY(QDir(dir.path()).mkdir(QStringLiteral("folder")));
+        const QString path = dir.filePath(QStringLiteral("folder/doc.txt"));
+        QVERIFY(FileOpsRunner::writeFile(path, "text\n"));
+        PromptRecorder prompts;
+        prompts.answers = {UserPrompt::Button(answer)};
+        prompts.fileName = newName.isEmpty() ? QString() : dir.filePath(newName);
+        SedGUI tool;
+        QVERIFY(tool.openFile(path, nullptr));
+        tool.editor()->insertAt(QStringLiteral("mine "), 0, 0);
+        QVERIFY(QDir(dir.filePath(QStringLiteral("folder"))).removeRecursively());
+        QVERIFY(FileOpsRunner::writeFile(dir.filePath(QStringLiteral("folder")), "a file"));
+
+        QCOMPARE(tool.save(), saved);
+        QCOMPARE(prompts.asked.size(), 1);
+        QVERIFY(prompts.asked.first().buttons.contains(UserPrompt::SaveAs));
+        QCOMPARE(tool.getFileName(), saved ? dir.filePath(newName) : path);
+        QCOMPARE(tool.isModified(), !saved);
+        if (saved)
+            QCOMPARE(FileOpsRunner::readFile(dir.filePath(newName)), QByteArray("mine text\n"));
     }
     void processArgsSelectsTheLine()
     {
