@@ -16,7 +16,7 @@ namespace {
 
 constexpr int PollMs = 50;
 constexpr int WarmUpKeys = 10;
-constexpr int KeyTimeoutMs = 1000;
+constexpr int KeyTimeoutMs = 5000;
 constexpr int StartTimeoutMs = 120000;
 // Lines between the carets when there are several.
 constexpr long CaretLineStep = 10;

@@ -21,7 +21,7 @@ class QsciScintilla;
 // each posted to the editor through the event queue after the previous one
 // was painted. It writes one line to the file KEYPROBE_OUT,
 //   status=ok keys=N median_ms=M p99_ms=P max_ms=X doc_bytes=B doc_lines=L carets=C
-// (status=timeout when a key was never painted within a second) and ends
+// (status=timeout when a key was never painted within 5 s) and ends
 // the process at once, so that no "save changes?" question holds it.
 class KeyProbe : public QObject
 {
