@@ -27,19 +27,19 @@ ChangeRelay::ChangeRelay(QsciScintilla *editor)
 {
     setObjectName(QStringLiteral("ChangeRelay"));
     connect(editor, &QsciScintillaBase::SCN_MODIFIED, this,
-            [this](int position, int type, const char *, int, int, int, int, int, int, int) {
+            [this](int position, int type, const char *, int length, int, int, int, int, int, int) {
                 if (type & (Sci::SC_MOD_BEFOREINSERT | Sci::SC_MOD_BEFOREDELETE))
-                    beforeChange(position);
+                    beforeChange(position, length);
             });
 }
 
-void ChangeRelay::beforeChange(int position)
+void ChangeRelay::beforeChange(int position, int length)
 {
     using scintilla::send;
     // Set for the change that follows this notice; the mask's other flags
     // are left as they are.
     const qint64 mask = send(m_editor, Sci::SCI_GETMODEVENTMASK);
-    if (position < NearBytes) {
+    if (qint64(position) + length < NearBytes) {
         send(m_editor, Sci::SCI_SETMODEVENTMASK, mask | TextChangeFlags);
         return;
     }

@@ -9,12 +9,13 @@ namespace koru::sedgui {
 // Keeps the editor's change signals (textChanged, linesChanged) coming
 // without the cost the editing component adds to each reported change: for
 // every insertion or deletion it reports, it counts the characters from the
-// start of the document to the change, for assistive technology, whether any
-// is listening or not. Typing at the end of a 50 MB file spent half a second
-// per key on that count.
+// start of the document to the change and converts the changed text to
+// UTF-16, for assistive technology, whether any is listening or not. Typing
+// at the end of a 50 MB file spent half a second per key on that count, and
+// loading a file converted all of it once more.
 //
-// A change near the start is reported as it always was. For a change further
-// in, the component is told not to report it (the notice that comes before a
+// A small change near the start is reported as it always was. For a change
+// that ends further in, the component is told not to report it (the notice that comes before a
 // change still comes, and costs nothing); this object then emits textChanged
 // once from the event loop, before the next repaint, and linesChanged with it
 // when the number of lines differs from before the change. Readers of the
@@ -27,11 +28,11 @@ class ChangeRelay : public QObject
 public:
     explicit ChangeRelay(QsciScintilla *editor);
 
-    // Changes that start before this byte are reported by the component.
+    // Changes that end before this byte are reported by the component.
     static constexpr long NearBytes = 64 * 1024;
 
 private:
-    void beforeChange(int position);
+    void beforeChange(int position, int length);
     void flush();
 
     QsciScintilla *m_editor;

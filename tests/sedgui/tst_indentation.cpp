@@ -241,6 +241,7 @@ private Q_SLOTS:
         QsciScintilla *editor = tool.editor();
         editor->SendScintilla(QsciScintillaBase::SCI_SETTEXT, 0ul, text.constData());
         editor->SendScintilla(QsciScintillaBase::SCI_EMPTYUNDOBUFFER);
+        QCoreApplication::sendPostedEvents(); // the signals of the text put in
         MatchMarker marker(editor, nullptr);
         SearchQuery query;
         query.pattern = QStringLiteral("eed");
