@@ -6,10 +6,12 @@
 //
 //   idleprobe [--interval-ms N] [--idle-ms N] [--eps-us N] [--timeout-ms N]
 //             [--keys "KEYS"] [--key-timeout-ms N] [--shot FILE] [--log FILE]
-//             [--trace FILE] -- PROGRAM [ARGS...]
+//             [--trace FILE] [--end-term] -- PROGRAM [ARGS...]
 //
 // --trace appends every sample (ms since launch, CPU ms) to FILE, to see where
-// a program spends its start.
+// a program spends its start. --end-term ends the program with SIGTERM and
+// waits for it to exit (up to 10 s), so that it ends as it does when the
+// desktop session ends; otherwise it is killed.
 //
 // Prints one line of key=value pairs. Exit status: 0 measured, 1 the program
 // exited or never went idle, 2 the probe itself could not run.
@@ -40,6 +42,7 @@ struct Options
     std::string shot;
     std::string log = "/dev/null";
     std::string trace;
+    bool endTerm = false;
     std::vector<char *> command;
 };
 
@@ -137,6 +140,10 @@ bool parse(int argc, char *argv[], Options &options)
             options.command.assign(argv + i + 1, argv + argc);
             break;
         }
+        if (arg == "--end-term") {
+            options.endTerm = true;
+            continue;
+        }
         if (i + 1 >= argc)
             return false;
         const char *value = argv[++i];
@@ -167,8 +174,17 @@ bool parse(int argc, char *argv[], Options &options)
     return true;
 }
 
-void stop(pid_t pid)
+void stop(pid_t pid, bool term = false)
 {
+    if (term) {
+        kill(pid, SIGTERM);
+        const double until = nowMs() + 10000;
+        while (nowMs() < until) {
+            if (exited(pid))
+                return;
+            sleepUntilMs(nowMs() + 10);
+        }
+    }
     kill(pid, SIGKILL);
     int status = 0;
     waitpid(pid, &status, 0);
@@ -182,7 +198,7 @@ int main(int argc, char *argv[])
     if (!parse(argc, argv, options)) {
         std::fprintf(stderr, "usage: idleprobe [--interval-ms N] [--idle-ms N] [--eps-us N] "
                              "[--timeout-ms N] [--keys KEYS] [--key-timeout-ms N] [--shot FILE] "
-                             "[--log FILE] [--trace FILE] -- PROGRAM [ARGS...]\n");
+                             "[--log FILE] [--trace FILE] [--end-term] -- PROGRAM [ARGS...]\n");
         return 2;
     }
     const int logFd = open(options.log.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0644);
@@ -249,6 +265,7 @@ int main(int argc, char *argv[])
         }
     }
     std::printf("\n");
-    stop(pid);
+    std::fflush(stdout);
+    stop(pid, options.endTerm);
     return 0;
 }

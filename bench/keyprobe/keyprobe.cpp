@@ -16,8 +16,10 @@ namespace {
 
 constexpr int PollMs = 50;
 constexpr int WarmUpKeys = 10;
-constexpr int KeyTimeoutMs = 1000;
+constexpr int KeyTimeoutMs = 5000;
 constexpr int StartTimeoutMs = 120000;
+// Lines between the carets when there are several.
+constexpr long CaretLineStep = 10;
 
 qint64 cpuNs()
 {
@@ -108,6 +110,22 @@ bool KeyProbe::placeCaret()
         m_editor->SendScintilla(QsciScintillaBase::SCI_GOTOLINE, m_editor->lines() / 2);
     else
         m_editor->SendScintilla(QsciScintillaBase::SCI_DOCUMENTEND);
+    // More carets, each at the start of a line above the first one, the way
+    // a user adds them; typing then goes to all of them.
+    const int carets = envInt("KEYPROBE_CARETS", 1);
+    if (carets > 1) {
+        m_editor->SendScintilla(QsciScintillaBase::SCI_SETMULTIPLESELECTION, 1);
+        m_editor->SendScintilla(QsciScintillaBase::SCI_SETADDITIONALSELECTIONTYPING, 1);
+        const long line = m_editor->SendScintilla(
+            QsciScintillaBase::SCI_LINEFROMPOSITION,
+            m_editor->SendScintilla(QsciScintillaBase::SCI_GETCURRENTPOS));
+        for (int i = 1; i < carets; ++i) {
+            const long position = m_editor->SendScintilla(
+                QsciScintillaBase::SCI_POSITIONFROMLINE, std::max(0L, line - i * CaretLineStep));
+            m_editor->SendScintilla(QsciScintillaBase::SCI_ADDSELECTION,
+                                    static_cast<unsigned long>(position), position);
+        }
+    }
     return true;
 }
 
@@ -184,9 +202,10 @@ void KeyProbe::finish(const char *status)
         // The document's size and lines show which editor took the keys.
         std::fprintf(out,
                      "status=%s keys=%lld median_ms=%.2f p99_ms=%.2f max_ms=%.2f doc_bytes=%d "
-                     "doc_lines=%d\n",
+                     "doc_lines=%d carets=%ld\n",
                      status, static_cast<long long>(n), median, at(0.99), n ? sorted.last() : 0.0,
-                     m_editor ? m_editor->length() : -1, m_editor ? m_editor->lines() : -1);
+                     m_editor ? m_editor->length() : -1, m_editor ? m_editor->lines() : -1,
+                     m_editor ? m_editor->SendScintilla(QsciScintillaBase::SCI_GETSELECTIONS) : -1L);
         std::fflush(out);
     }
     // At once: the typed text must not lead to a "save changes?" question.

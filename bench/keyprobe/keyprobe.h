@@ -14,12 +14,14 @@ class QsciScintilla;
 //
 // It waits until the program has been idle (its own CPU time flat for
 // KEYPROBE_IDLE_MS, default 300 ms), puts the caret of the first visible
-// editing widget at KEYPROBE_AT ("end", the default, or "middle"), then
+// editing widget at KEYPROBE_AT ("end", the default, or "middle") and, with
+// KEYPROBE_CARETS=N, N-1 more carets at line starts 10 lines apart above it
+// (multiple selection and typing into all of them turned on), then
 // types KEYPROBE_KEYS keys (default 300), letters with a space now and then,
 // each posted to the editor through the event queue after the previous one
 // was painted. It writes one line to the file KEYPROBE_OUT,
-//   status=ok keys=N median_ms=M p99_ms=P max_ms=X doc_bytes=B doc_lines=L
-// (status=timeout when a key was never painted within a second) and ends
+//   status=ok keys=N median_ms=M p99_ms=P max_ms=X doc_bytes=B doc_lines=L carets=C
+// (status=timeout when a key was never painted within 5 s) and ends
 // the process at once, so that no "save changes?" question holds it.
 class KeyProbe : public QObject
 {

@@ -50,6 +50,8 @@ TypingAssist::TypingAssist(QsciScintilla *editor, QObject *parent)
 {
     setObjectName(QStringLiteral("TypingAssist"));
     editor->installEventFilter(this);
+    // The notice before each change: the one after it is not sent for every
+    // change (see ChangeRelay).
     connect(editor, &QsciScintillaBase::SCN_MODIFIED, this,
             [this](int position, int type, const char *, int length, int, int, int, int, int, int) {
                 noteChange(position, type, length);
@@ -248,10 +250,10 @@ void TypingAssist::noteChange(int position, int type, int length)
 {
     for (qsizetype i = m_closers.size() - 1; i >= 0; --i) {
         long &closer = m_closers[i];
-        if (type & QsciScintillaBase::SC_MOD_INSERTTEXT) {
+        if (type & QsciScintillaBase::SC_MOD_BEFOREINSERT) {
             if (position <= closer)
                 closer += length;
-        } else if (type & QsciScintillaBase::SC_MOD_DELETETEXT) {
+        } else if (type & QsciScintillaBase::SC_MOD_BEFOREDELETE) {
             if (position + length <= closer)
                 closer -= length;
             else if (position <= closer)

@@ -1,6 +1,8 @@
 #include "baseusrsettings.h"
 #include "dialogs/statusstrip.h"
+#include "editing/changerelay.h"
 #include "editing/editoractions.h"
+#include "editing/matchmarker.h"
 #include "editing/typingassist.h"
 #include "options/editorsettings.h"
 #include "sedgui.h"
@@ -217,6 +219,56 @@ private Q_SLOTS:
         if (start != end)
             text.insert(start < end ? start : start + 1, '<');
         QCOMPARE(text, after);
+    }
+
+    // Every reader of the text's changes sees the edits, undo and redo, near
+    // the start and far into a text whose changes the component does not
+    // report itself: the typed closer is stepped over (the typing help
+    // follows the positions), the line number margin widens at the
+    // 10,000th line, the match marks count the typed word.
+    void changesReachEveryReader_data()
+    {
+        QTest::addColumn<bool>("atEnd");
+        QTest::newRow("near the start") << false;
+        QTest::newRow("far into the text") << true;
+    }
+    void changesReachEveryReader()
+    {
+        QFETCH(bool, atEnd);
+        QByteArray text = QByteArray("xxxxxxx\n").repeated(9998) + "xxxxxxx";
+        QVERIFY(text.size() > ChangeRelay::NearBytes);
+        SedGUI tool;
+        QsciScintilla *editor = tool.editor();
+        editor->SendScintilla(QsciScintillaBase::SCI_SETTEXT, 0ul, text.constData());
+        editor->SendScintilla(QsciScintillaBase::SCI_EMPTYUNDOBUFFER);
+        QCoreApplication::sendPostedEvents(); // the signals of the text put in
+        MatchMarker marker(editor, nullptr);
+        SearchQuery query;
+        query.pattern = QStringLiteral("eed");
+        marker.setQuery(query);
+        const int narrow = editor->marginWidth(0);
+        // The component itself reports no change far in: it would count up to it.
+        int reportedFarIn = 0;
+        connect(editor, &QsciScintillaBase::SCN_MODIFIED, this,
+                [&reportedFarIn](int position, int type) {
+                    reportedFarIn += position >= ChangeRelay::NearBytes &&
+                                     (type & (QsciScintillaBase::SC_MOD_INSERTTEXT |
+                                              QsciScintillaBase::SC_MOD_DELETETEXT));
+                });
+        const long at = atEnd ? long(text.size()) : 0;
+        editor->SendScintilla(QsciScintillaBase::SCI_GOTOPOS, static_cast<unsigned long>(at));
+        for (const char *key : {"n", "(", "e", "e", "d", ")", "Return"})
+            QTest::keyClick(editor, QKeySequence(QString::fromLatin1(key))[0].key());
+        const QByteArray typed = text.insert(at, "n(eed)\n");
+        for (int round = 0; round < 3; ++round) {
+            const bool undone = round == 1;
+            QCOMPARE(editor->text().toLatin1() == typed, !undone);
+            QTRY_COMPARE(marker.count(), undone ? 0 : 1);
+            QTRY_COMPARE(editor->marginWidth(0) > narrow, !undone);
+            while (undone ? editor->isRedoAvailable() : editor->isUndoAvailable())
+                undone ? editor->redo() : editor->undo();
+        }
+        QCOMPARE(reportedFarIn, 0);
     }
 };
 
