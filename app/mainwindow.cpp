@@ -37,9 +37,6 @@ MainWindow::MainWindow(const QStringList &args, QWidget *parent, Qt::WindowFlags
 
 MainWindow::~MainWindow()
 {
-    // Files opened in the pass of the event loop that ends with the window.
-    if (recentStorePending)
-        storeRecentFiles();
     if (m_factoryObject)
         delete appInterface;
 }

@@ -137,12 +137,4 @@ private:
     OptDlg *optDlg = nullptr;
     QWidget *activeTool = nullptr;
     std::array<QAction *, MaxRecentFiles> recentFileActions{};
-
-    // Recent files: the list is stored at once for the first file opened in
-    // a pass of the event loop and once more at its end for the others, so
-    // that a session of many files costs two writes of the settings, not one
-    // (with its flush to disk) per file.
-    void storeRecentFiles();
-    bool recentStoreScheduled = false;
-    bool recentStorePending = false;
 };

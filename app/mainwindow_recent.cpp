@@ -5,9 +5,6 @@
 
 #include <QAction>
 #include <QMenu>
-#include <QTimer>
-
-#include <utility>
 
 namespace {
 
@@ -39,38 +36,18 @@ void MainWindow::loadRecentFiles()
 
 void MainWindow::addRecentFile(const QString &path)
 {
+    BaseUsrSettings settings(settingsName);
+    settings.beginGroup(recentGroup);
     // The stored list, not the one in memory, is the base: another window
-    // sharing the settings may have added entries meanwhile. While a store
-    // is pending, the list in memory is that base with this pass's files.
-    if (!recentStorePending) {
-        BaseUsrSettings settings(settingsName);
-        settings.beginGroup(recentGroup);
-        recentFiles = settings.value(recentKey).toStringList();
-        recentFiles.removeAll(QString());
-    }
+    // sharing the settings may have added entries meanwhile.
+    recentFiles = settings.value(recentKey).toStringList();
+    recentFiles.removeAll(QString());
     recentFiles.removeAll(path);
     recentFiles.prepend(path);
     while (recentFiles.size() > MaxRecentFiles)
         recentFiles.removeLast();
-    updateRecentFileActions();
-    if (recentStoreScheduled) {
-        recentStorePending = true;
-        return;
-    }
-    storeRecentFiles();
-    recentStoreScheduled = true;
-    QTimer::singleShot(0, this, [this] {
-        recentStoreScheduled = false;
-        if (std::exchange(recentStorePending, false))
-            storeRecentFiles();
-    });
-}
-
-void MainWindow::storeRecentFiles()
-{
-    BaseUsrSettings settings(settingsName);
-    settings.beginGroup(recentGroup);
     settings.setValue(recentKey, recentFiles);
+    updateRecentFileActions();
 }
 
 void MainWindow::updateRecentFileActions()

@@ -190,9 +190,6 @@ void TestToolHosting::openThreeFilesFromOneDialog()
     QCOMPARE(fake(window.tools().first())->fileName, paths[2]);
     QCOMPARE(window.currentTool(), window.tools().first());
     QCOMPARE(window.recentFileList(), QStringList({paths[2], paths[1], paths[0]}));
-    // Stored as well, once the files opened together are written.
-    QTRY_COMPARE(BaseUsrSettings("SRC_EDITOR").value("Recent_Files/RecentFileList").toStringList(),
-                 window.recentFileList());
 }
 
 // The tool in front drives the shared actions, the title and the working
