@@ -6,6 +6,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace koru::sedgui {
 
 namespace {
@@ -66,6 +68,12 @@ SaveChangesDialog::SaveChangesDialog(const QStringList &names, const QList<bool>
     layout->addWidget(m_list);
     layout->addWidget(buttons);
     updateSaveButton();
+    // Wide enough for the title bar to name the dialog and for full paths,
+    // which the list's own size hint does not count.
+    const int wanted = std::max(fontMetrics().averageCharWidth() * 64,
+                                m_list->sizeHintForColumn(0) + 4 * m_list->frameWidth() + 48);
+    resize(std::max(sizeHint().width(), std::min(wanted, fontMetrics().averageCharWidth() * 120)),
+           sizeHint().height());
 }
 
 QList<bool> SaveChangesDialog::checkedFlags() const
