@@ -4,6 +4,7 @@
 #include "filewalker.h"
 #include "replaceplanner.h"
 
+#include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -11,6 +12,7 @@
 #include <QMetaObject>
 #include <QWidget>
 
+#include <algorithm>
 #include <atomic>
 #include <optional>
 
@@ -20,6 +22,8 @@ namespace {
 // files; at least one document or file is done per turn.
 constexpr qint64 SliceMs = 20;
 constexpr int ProgressIntervalMs = 100;
+// The part of an open document's text planned in one step.
+constexpr qsizetype SliceBytes = 4 * 1024 * 1024;
 
 QString comparablePath(const QString &path)
 {
@@ -47,8 +51,12 @@ struct ReplaceRunner::Run
     QList<ReplaceFile> plan;
     QList<qsizetype> docIndex;
 
-    // GUI thread only.
+    // GUI thread only. The document being planned, how far, and the digest
+    // of its text up to there.
     std::optional<ReplacePlanner> planner;
+    OpenDocuments::Document current;
+    qsizetype scanned = 0;
+    std::optional<QCryptographicHash> digest;
     bool applying = false;
     qsizetype next = 0;
     ReplaceSummary summary;
@@ -157,21 +165,39 @@ void ReplaceRunner::planDocuments(const std::shared_ptr<Run> &run)
     QElapsedTimer slice;
     slice.start();
     while (run->next < run->plan.size()) {
-        const qsizetype at = run->next++;
-        const qsizetype index = run->docIndex.at(at);
-        if (index < 0)
+        const qsizetype index = run->docIndex.at(run->next);
+        if (index < 0) {
+            ++run->next;
             continue;
-        // Read now, not when the plan started: the user may have typed since.
-        OpenDocuments::Document doc;
-        ReplaceFile &file = run->plan[at];
-        if (OpenDocuments::read(run->docs.at(index).tool, &doc)) {
-            file.changes = run->planner->changesIn(doc.text);
-            file.path = doc.file;
-            file.shownName = doc.shownName();
+        }
+        ReplaceFile &file = run->plan[run->next];
+        if (!run->digest) {
+            // Read now, not when the plan started: the user may have typed since.
+            if (!OpenDocuments::read(run->docs.at(index).tool, &run->current)) {
+                ++run->next;
+                continue;
+            }
+            file.path = run->current.file;
+            file.shownName = run->current.shownName();
             file.inEditor = true;
-            file.document = doc.tool.data();
-            file.fingerprint = ReplacePlanner::fingerprint(doc.text);
-            run->changes += file.changes.size();
+            file.document = run->current.tool.data();
+            run->scanned = 0;
+            run->digest.emplace(ReplacePlanner::FingerprintAlgorithm);
+        }
+        // A large document is gone through a slice per step.
+        const QByteArrayView text = run->current.text;
+        const qsizetype from = run->scanned;
+        run->scanned = std::min(text.size(), from + SliceBytes);
+        run->digest->addData(text.sliced(from, run->scanned - from));
+        const qsizetype before = file.changes.size();
+        const bool done = run->planner->appendChanges(text, run->scanned, &file.changes) &&
+                          run->scanned == text.size();
+        run->changes += file.changes.size() - before;
+        if (done) {
+            file.fingerprint = run->digest->result();
+            run->digest.reset();
+            run->current = OpenDocuments::Document();
+            ++run->next;
         }
         if (slice.elapsed() >= SliceMs && run->next < run->plan.size()) {
             QMetaObject::invokeMethod(
