@@ -60,6 +60,9 @@ struct ReplaceRunner::Run
     bool applying = false;
     qsizetype next = 0;
     ReplaceSummary summary;
+    // Files on disk are written by the worker, which counts them here.
+    ReplaceSummary filesSummary;
+    bool filesWritten = false;
 };
 
 ReplaceRunner::ReplaceRunner(QObject *parent)
@@ -234,8 +237,26 @@ void ReplaceRunner::apply(const QList<ReplaceFile> &plan)
     m_run = run;
     run->applying = true;
     run->plan = plan;
+    m_worker = std::thread([this, run] { writeFiles(run); });
     QMetaObject::invokeMethod(
         this, [this, run] { applySome(run); }, Qt::QueuedConnection);
+}
+
+void ReplaceRunner::writeFiles(const std::shared_ptr<Run> &run)
+{
+    for (const ReplaceFile &file : std::as_const(run->plan)) {
+        if (run->cancel)
+            break;
+        if (!file.inEditor)
+            applyFile(file, &run->filesSummary);
+    }
+    QMetaObject::invokeMethod(
+        this,
+        [this, run] {
+            run->filesWritten = true;
+            finishApply(run);
+        },
+        Qt::QueuedConnection);
 }
 
 void ReplaceRunner::applySome(const std::shared_ptr<Run> &run)
@@ -245,17 +266,40 @@ void ReplaceRunner::applySome(const std::shared_ptr<Run> &run)
     QElapsedTimer slice;
     slice.start();
     while (run->next < run->plan.size()) {
-        applyFile(run->plan.at(run->next++), &run->summary);
+        const ReplaceFile &file = run->plan.at(run->next++);
+        if (file.inEditor)
+            applyFile(file, &run->summary);
         if (slice.elapsed() >= SliceMs && run->next < run->plan.size()) {
             QMetaObject::invokeMethod(
                 this, [this, run] { applySome(run); }, Qt::QueuedConnection);
             return;
         }
     }
-    m_run.reset();
-    emit applied(run->summary, false);
+    finishApply(run);
 }
 
+void ReplaceRunner::finishApply(const std::shared_ptr<Run> &run)
+{
+    if (run != m_run || !run->filesWritten || run->next < run->plan.size())
+        return; // stopped, or the other half is not done yet
+    if (m_worker.joinable())
+        m_worker.join();
+    m_run.reset();
+    emit applied(mergedSummary(*run), false);
+}
+
+ReplaceSummary ReplaceRunner::mergedSummary(const Run &run)
+{
+    // Read once the worker has ended.
+    ReplaceSummary summary = run.filesSummary;
+    summary.replacements += run.summary.replacements;
+    summary.files += run.summary.files;
+    summary.changedSincePreview += run.summary.changedSincePreview;
+    summary.failed += run.summary.failed;
+    return summary;
+}
+
+// On the GUI thread for an open document, on the worker for a file on disk.
 void ReplaceRunner::applyFile(const ReplaceFile &file, ReplaceSummary *summary)
 {
     const qsizetype count = file.checkedChanges();
@@ -301,7 +345,7 @@ void ReplaceRunner::stop()
         m_worker.join();
     m_progressTimer.stop();
     if (run->applying)
-        emit applied(run->summary, true);
+        emit applied(mergedSummary(*run), true);
     else
         finishPlan(run, true);
 }

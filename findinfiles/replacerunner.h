@@ -20,9 +20,10 @@
 // per turn of the event loop. The plan keeps, per change, only the line the
 // preview shows, and per file a digest of the bytes it was found in.
 //
-// Making the changes runs as a queued loop on the GUI thread (open documents
-// can only be changed there): each turn writes files for a few milliseconds,
-// then lets the event loop paint and take input.
+// Making the changes writes the files on disk on the worker, through the
+// editor's safe save (each waits for the disk), while the open documents are
+// changed on the GUI thread, the only one that may touch them, for a few
+// milliseconds per turn of the event loop.
 //
 // One job at a time: plan() and apply() stop the running one. stop() returns
 // once the worker has ended; a stopped plan reports cancelled, a stopped apply
@@ -56,8 +57,11 @@ private:
     void walkFolder(const std::shared_ptr<Run> &run);
     void planDocuments(const std::shared_ptr<Run> &run);
     void finishPlan(const std::shared_ptr<Run> &run, bool cancelled);
+    void writeFiles(const std::shared_ptr<Run> &run);
     void applySome(const std::shared_ptr<Run> &run);
-    void applyFile(const ReplaceFile &file, ReplaceSummary *summary);
+    void finishApply(const std::shared_ptr<Run> &run);
+    static void applyFile(const ReplaceFile &file, ReplaceSummary *summary);
+    static ReplaceSummary mergedSummary(const Run &run);
     void reportProgress();
 
     std::shared_ptr<Run> m_run;
