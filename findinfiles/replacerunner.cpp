@@ -18,8 +18,8 @@
 
 namespace {
 
-// Time one turn of the event loop spends planning open documents or writing
-// files; at least one document or file is done per turn.
+// Time one turn of the event loop spends planning or changing open documents;
+// at least one step is taken per turn.
 constexpr qint64 SliceMs = 20;
 constexpr int ProgressIntervalMs = 100;
 // The part of an open document's text planned in one step.
