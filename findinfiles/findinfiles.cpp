@@ -1,12 +1,11 @@
 #include "findinfiles.h"
 
 #include "filenameescape.h"
-#include "filewalker.h"
 #include "findinfilesdialog.h"
 #include "hitformatter.h"
 #include "opendocuments.h"
-#include "replaceplanner.h"
 #include "replacepreview.h"
+#include "replacerunner.h"
 #include "resultwindow.h"
 #include "searchengine.h"
 #include "textmatcher.h"
@@ -14,8 +13,6 @@
 #include <QAction>
 #include <QDir>
 #include <QDockWidget>
-#include <QFile>
-#include <QGuiApplication>
 #include <QMainWindow>
 #include <QMetaObject>
 #include <QStatusBar>
@@ -29,6 +26,7 @@ FindInFiles::FindInFiles(QMainWindow *window, QAction *findInFilesAction)
     : QObject(window)
     , m_window(window)
     , m_engine(new SearchEngine(this))
+    , m_replacer(new ReplaceRunner(this))
 {
     setObjectName(QStringLiteral("FindInFiles"));
     if (findInFilesAction) {
@@ -54,6 +52,9 @@ FindInFiles::FindInFiles(QMainWindow *window, QAction *findInFilesAction)
     connect(m_previousHit, &QAction::triggered, this, [this] { goToHit(-1); });
     connect(m_engine, &SearchEngine::progress, this, &FindInFiles::showProgress);
     connect(m_engine, &SearchEngine::finished, this, &FindInFiles::searchFinished);
+    connect(m_replacer, &ReplaceRunner::progress, this, &FindInFiles::showReplaceProgress);
+    connect(m_replacer, &ReplaceRunner::planned, this, &FindInFiles::showReplacePlan);
+    connect(m_replacer, &ReplaceRunner::applied, this, &FindInFiles::showReplaceSummary);
 }
 
 FindInFiles::~FindInFiles()
@@ -61,6 +62,8 @@ FindInFiles::~FindInFiles()
     // The engine ends its worker before the window's widgets go.
     delete m_engine;
     m_engine = nullptr;
+    delete m_replacer;
+    m_replacer = nullptr;
 }
 
 void FindInFiles::showDialog()
@@ -81,7 +84,7 @@ void FindInFiles::showDialog()
     const QString selection = frontToolSelection();
     if (!selection.isEmpty())
         m_dialog->setSearchText(selection);
-    m_dialog->setSearching(m_engine->isRunning());
+    m_dialog->setSearching(m_engine->isRunning() || m_replacer->isRunning());
     m_dialog->show();
     m_dialog->raise();
     m_dialog->activateWindow();
@@ -194,6 +197,7 @@ void FindInFiles::clearPane(const QString &heading)
 
 void FindInFiles::startSearch(const SearchOptions &options)
 {
+    m_replacer->stop();
     clearPane(headingFor(options));
     if (options.openDocumentsOnly) {
         searchOpenDocuments(options);
@@ -245,127 +249,75 @@ void FindInFiles::searchOpenDocuments(const SearchOptions &options)
     searchFinished(summary);
 }
 
-QList<ReplaceFile> FindInFiles::planReplace(const SearchOptions &options,
-                                            const QString &replacement, QString *error) const
-{
-    QList<ReplaceFile> plan;
-    const ReplacePlanner planner(options, replacement);
-    if (!planner.isValid()) {
-        *error = planner.errorString();
-        return plan;
-    }
-    const QList<OpenDocuments::Document> docs = OpenDocuments::collect(m_window);
-    // An open document is planned on its buffer, which is what it changes.
-    const auto planDocument = [&](const OpenDocuments::Document &doc) {
-        ReplaceFile file;
-        file.changes = planner.changesIn(doc.text);
-        if (file.changes.isEmpty())
-            return;
-        file.path = doc.file;
-        file.shownName = doc.shownName();
-        file.inEditor = true;
-        file.document = doc.tool.data();
-        file.fingerprint = ReplacePlanner::fingerprint(doc.text);
-        plan.append(file);
-    };
-    if (options.openDocumentsOnly) {
-        for (const OpenDocuments::Document &doc : docs)
-            planDocument(doc);
-        return plan;
-    }
-    FileWalker walker(options);
-    walker.walk([&](const QByteArray &path) {
-        if (const OpenDocuments::Document *doc =
-                OpenDocuments::findFile(docs, QFile::decodeName(path))) {
-            planDocument(*doc);
-            return true;
-        }
-        ReplaceFile file;
-        if (planner.planFile(path, &file)) {
-            file.shownName = koru::sedgui::FileNameEscape::fromBytes(path);
-            plan.append(file);
-        }
-        return true;
-    });
-    return plan;
-}
-
-ReplaceSummary FindInFiles::applyReplace(const QList<ReplaceFile> &plan) const
-{
-    ReplaceSummary summary;
-    for (const ReplaceFile &file : plan) {
-        const qsizetype count = file.checkedChanges();
-        if (count == 0)
-            continue;
-        const QString name = QDir::toNativeSeparators(file.shownName);
-        if (file.inEditor) {
-            auto *tool = qobject_cast<QWidget *>(file.document.data());
-            OpenDocuments::Document now;
-            if (!OpenDocuments::read(tool, &now) ||
-                ReplacePlanner::fingerprint(now.text) != file.fingerprint) {
-                summary.changedSincePreview.append(name);
-                continue;
-            }
-            if (!OpenDocuments::replace(tool, file.changes)) {
-                summary.failed.append(tr("%1: the document cannot be changed").arg(name));
-                continue;
-            }
-        } else {
-            QString error;
-            switch (ReplacePlanner::write(file, &error)) {
-            case ReplacePlanner::Outcome::Changed:
-                summary.changedSincePreview.append(name);
-                continue;
-            case ReplacePlanner::Outcome::Failed:
-                summary.failed.append(error);
-                continue;
-            case ReplacePlanner::Outcome::Written:
-                break;
-            }
-        }
-        summary.replacements += count;
-        ++summary.files;
-    }
-    return summary;
-}
-
 void FindInFiles::startReplace(const SearchOptions &options, const QString &replacement)
 {
     m_engine->stop();
-    const QString heading =
+    m_replaceHeading =
         tr("Replacing \"%1\" with \"%2\" in %3").arg(options.text, replacement, whereText(options));
-    QString error;
-    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    const QList<ReplaceFile> plan = planReplace(options, replacement, &error);
-    QGuiApplication::restoreOverrideCursor();
-    const QString nothing = error.isEmpty() ? tr("Nothing to replace: no match") : error;
+    if (m_dialog) {
+        m_dialog->setSearching(true);
+        m_dialog->setStatus(tr("Finding the changes..."));
+    }
+    showStatus(tr("Finding the changes..."));
+    m_replacer->plan(options, replacement, OpenDocuments::collect(m_window));
+}
+
+void FindInFiles::showReplaceProgress(qint64 filesRead, qint64 changes)
+{
+    const QString text =
+        tr("Finding the changes: %1 files read, %2 changes").arg(filesRead).arg(changes);
+    showStatus(text);
+    if (m_dialog)
+        m_dialog->setStatus(text);
+}
+
+void FindInFiles::showReplacePlan(const QList<ReplaceFile> &plan, const QString &error,
+                                  bool cancelled)
+{
+    if (m_dialog)
+        m_dialog->setSearching(false);
+    QString nothing = error.isEmpty() ? tr("Nothing to replace: no match") : error;
+    if (cancelled)
+        nothing = tr("Replace cancelled: nothing was changed");
     if (plan.isEmpty()) {
         showStatus(nothing, 5000);
         if (m_dialog)
             m_dialog->setStatus(nothing);
         return;
     }
-    ReplacePreview preview(plan, heading, m_dialog ? static_cast<QWidget *>(m_dialog) : m_window);
+    ReplacePreview preview(plan, m_replaceHeading,
+                           m_dialog ? static_cast<QWidget *>(m_dialog) : m_window);
     if (preview.exec() != QDialog::Accepted) {
         showStatus(tr("Replace cancelled: nothing was changed"), 5000);
+        if (m_dialog)
+            m_dialog->setStatus(tr("Replace cancelled: nothing was changed"));
         return;
     }
-    showReplaceSummary(heading, applyReplace(preview.plan()));
+    if (m_dialog) {
+        m_dialog->setSearching(true);
+        m_dialog->setStatus(tr("Replacing..."));
+    }
+    showStatus(tr("Replacing..."));
+    m_replacer->apply(preview.plan());
 }
 
-void FindInFiles::showReplaceSummary(const QString &heading, const ReplaceSummary &summary)
+void FindInFiles::showReplaceSummary(const ReplaceSummary &summary, bool cancelled)
 {
-    clearPane(heading);
+    clearPane(m_replaceHeading);
     for (const QString &file : summary.changedSincePreview)
         m_results->appendPlainText(
             HitFormatter::noteLine(tr("Changed since the preview, left as it is: %1").arg(file)));
     for (const QString &failure : summary.failed)
         m_results->appendPlainText(HitFormatter::noteLine(tr("Not replaced: %1").arg(failure)));
-    const QString text = replaceSummaryText(summary);
+    QString text = replaceSummaryText(summary);
+    if (cancelled)
+        text += tr("; replace stopped");
     m_results->appendPlainText(HitFormatter::noteLine(text));
     showStatus(text);
-    if (m_dialog)
+    if (m_dialog) {
+        m_dialog->setSearching(false);
         m_dialog->setStatus(text);
+    }
 }
 
 QString FindInFiles::replaceSummaryText(const ReplaceSummary &summary)
@@ -384,6 +336,7 @@ QString FindInFiles::replaceSummaryText(const ReplaceSummary &summary)
 void FindInFiles::stopSearch()
 {
     m_engine->stop();
+    m_replacer->stop();
 }
 
 void FindInFiles::showHits(const QString &lines, const HitSpans &spans)

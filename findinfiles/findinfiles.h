@@ -15,6 +15,7 @@
 class QAction;
 class QDockWidget;
 class QMainWindow;
+class ReplaceRunner;
 class SearchEngine;
 
 // Attaches Find in Files to a main window: the action opens the dialog, the
@@ -38,16 +39,11 @@ public:
     void startSearch(const SearchOptions &options);
     void stopSearch();
 
-    // Replace in files: finds every change, shows them for the user to check
-    // and confirm, then makes the checked ones and reports in the pane. Files
-    // open in the editor are changed in their buffers, the others on disk.
+    // Replace in files: finds every change (the dialog shows the progress and
+    // can stop it), shows them for the user to check and confirm, then makes
+    // the checked ones and reports in the pane. Files open in the editor are
+    // changed in their buffers, the others on disk.
     void startReplace(const SearchOptions &options, const QString &replacement);
-    // The changes a replace would make; *error says why there are none when
-    // the search is not valid.
-    QList<ReplaceFile> planReplace(const SearchOptions &options, const QString &replacement,
-                                   QString *error) const;
-    // Makes the checked changes of a plan.
-    ReplaceSummary applyReplace(const QList<ReplaceFile> &plan) const;
 
     FindInFilesDialog *dialog() const { return m_dialog; }
     ResultWindow *resultWindow() const { return m_results; }
@@ -70,7 +66,9 @@ private:
     void clearPane(const QString &heading);
     void searchOpenDocuments(const SearchOptions &options);
     void openHit(const QString &file, int line);
-    void showReplaceSummary(const QString &heading, const ReplaceSummary &summary);
+    void showReplacePlan(const QList<ReplaceFile> &plan, const QString &error, bool cancelled);
+    void showReplaceProgress(qint64 filesRead, qint64 changes);
+    void showReplaceSummary(const ReplaceSummary &summary, bool cancelled);
     static QString whereText(const SearchOptions &options);
     QString frontToolSelection() const;
     void showHits(const QString &lines, const HitSpans &spans);
@@ -82,6 +80,8 @@ private:
 
     QMainWindow *m_window = nullptr;
     SearchEngine *m_engine = nullptr;
+    ReplaceRunner *m_replacer = nullptr;
+    QString m_replaceHeading;
     QPointer<FindInFilesDialog> m_dialog;
     QPointer<QDockWidget> m_dock;
     QPointer<ResultWindow> m_results;

@@ -12,7 +12,8 @@
 // change alone made, for the preview.
 struct ReplaceChange
 {
-    qint64 line = 0; // 1-based
+    qint64 line = 0;         // 1-based
+    qsizetype lineStart = 0; // where that line starts in the UTF-8 form
     qsizetype begin = 0;
     qsizetype end = 0;
     QByteArray text;

@@ -7,7 +7,6 @@
 #include "textfilecodec.h"
 
 #include <QCoreApplication>
-#include <QCryptographicHash>
 #include <QFile>
 
 #include <algorithm>
@@ -55,18 +54,39 @@ ReplacePlanner::ReplacePlanner(const SearchOptions &options, const QString &repl
 QList<ReplaceChange> ReplacePlanner::changesIn(QByteArrayView utf8) const
 {
     QList<ReplaceChange> changes;
+    appendChanges(utf8, utf8.size(), &changes);
+    return changes;
+}
+
+bool ReplacePlanner::appendChanges(QByteArrayView utf8, qsizetype until,
+                                   QList<ReplaceChange> *changes) const
+{
     if (!isValid())
-        return changes;
+        return true;
     const SearchCore &core = m_matcher.core();
-    LineCounter lines(utf8);
-    for (SearchCore::Match match = core.find(utf8, 0); match.found();
+    // Go on from the last change: its line's start is where counting lines resumes.
+    SearchCore::Match previous;
+    qsizetype base = 0;
+    qint64 baseLine = 1;
+    if (!changes->isEmpty()) {
+        const ReplaceChange &last = changes->constLast();
+        previous.begin = last.begin;
+        previous.end = last.end;
+        base = last.lineStart;
+        baseLine = last.line;
+    }
+    LineCounter lines(utf8.sliced(base));
+    for (SearchCore::Match match = core.findAfter(utf8, previous); match.found();
          match = core.findAfter(utf8, match)) {
+        if (match.begin > until)
+            return false;
         ReplaceChange change;
         change.begin = match.begin;
         change.end = match.end;
         change.text = core.replacement(utf8, match, m_replacement);
-        change.line = lines.lineAt(match.begin);
-        const qsizetype lineStart = lines.lineStart();
+        change.line = baseLine - 1 + lines.lineAt(match.begin - base);
+        change.lineStart = base + lines.lineStart();
+        const qsizetype lineStart = change.lineStart;
         // A match may reach over a line break: the preview shows up to its end.
         const qsizetype lineEnd = lineEndFrom(utf8, std::max(match.begin, match.end));
         const QString head = fromUtf8(utf8, lineStart, match.begin);
@@ -74,9 +94,9 @@ QList<ReplaceChange> ReplacePlanner::changesIn(QByteArrayView utf8) const
         change.before = head + fromUtf8(utf8, match.begin, match.end) + tail;
         change.after = head + QString::fromUtf8(change.text) + tail;
         change.column = head.size();
-        changes.append(change);
+        changes->append(change);
     }
-    return changes;
+    return true;
 }
 
 bool ReplacePlanner::planFile(const QByteArray &path, ReplaceFile *file) const
@@ -99,7 +119,7 @@ bool ReplacePlanner::planFile(const QByteArray &path, ReplaceFile *file) const
 
 QByteArray ReplacePlanner::fingerprint(QByteArrayView bytes)
 {
-    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256);
+    return QCryptographicHash::hash(bytes, FingerprintAlgorithm);
 }
 
 QByteArray ReplacePlanner::applied(QByteArrayView utf8, const QList<ReplaceChange> &changes)

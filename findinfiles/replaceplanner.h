@@ -4,6 +4,7 @@
 #include "textmatcher.h"
 
 #include <QByteArrayView>
+#include <QCryptographicHash>
 #include <QString>
 
 struct SearchOptions;
@@ -24,11 +25,18 @@ public:
 
     // Every match of a UTF-8 text, in order.
     QList<ReplaceChange> changesIn(QByteArrayView utf8) const;
+    // The matches of a UTF-8 text in order, from after the last one in
+    // *changes (from the start when it is empty), up to the first one that
+    // starts past until; true once the text's end is reached. Lets a large
+    // text be gone through a slice at a time.
+    bool appendChanges(QByteArrayView utf8, qsizetype until, QList<ReplaceChange> *changes) const;
     // Reads the file at path (local 8-bit bytes) and fills *file with its
     // changes; false for a file that cannot be read, a binary file and one
     // without a match.
     bool planFile(const QByteArray &path, ReplaceFile *file) const;
 
+    static constexpr QCryptographicHash::Algorithm FingerprintAlgorithm =
+        QCryptographicHash::Sha256;
     static QByteArray fingerprint(QByteArrayView bytes);
     // utf8 with the checked changes made.
     static QByteArray applied(QByteArrayView utf8, const QList<ReplaceChange> &changes);

@@ -231,8 +231,20 @@
         <translation>%1 ist nicht mehr geöffnet</translation>
     </message>
     <message>
-        <source>%1: the document cannot be changed</source>
-        <translation>%1: Das Dokument kann nicht geändert werden</translation>
+        <source>Finding the changes...</source>
+        <translation>Änderungen werden gesucht...</translation>
+    </message>
+    <message>
+        <source>Finding the changes: %1 files read, %2 changes</source>
+        <translation>Änderungen werden gesucht: %1 Dateien gelesen, %2 Änderungen</translation>
+    </message>
+    <message>
+        <source>Replacing...</source>
+        <translation>Ersetzen...</translation>
+    </message>
+    <message>
+        <source>; replace stopped</source>
+        <translation>; Ersetzen angehalten</translation>
     </message>
     <message>
         <source>Replacing "%1" with "%2" in %3</source>
@@ -479,6 +491,13 @@
     <message>
         <source>Cannot read %1: %2</source>
         <translation>%1 kann nicht gelesen werden: %2</translation>
+    </message>
+</context>
+<context>
+    <name>ReplaceRunner</name>
+    <message>
+        <source>%1: the document cannot be changed</source>
+        <translation>%1: Das Dokument kann nicht geändert werden</translation>
     </message>
 </context>
 <context>

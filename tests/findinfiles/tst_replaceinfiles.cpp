@@ -1,4 +1,5 @@
-#include "findinfiles.h"
+#include "opendocuments.h"
+#include "replacerunner.h"
 #include "sedgui.h"
 #include "writefile.h"
 
@@ -66,7 +67,6 @@ private slots:
         QMainWindow window;
         auto *tabs = new QTabWidget(&window);
         window.setCentralWidget(tabs);
-        auto *fif = new FindInFiles(&window, nullptr);
         auto *tool = new koru::sedgui::SedGUI;
         tabs->addTab(tool, u"tool"_s);
         QString error;
@@ -79,14 +79,33 @@ private slots:
         options.folder = dir.path();
         options.regularExpression = text.startsWith(u'~');
         options.text = options.regularExpression ? text.mid(1) : text;
-        QList<ReplaceFile> plan = fif->planReplace(options, replacement, &error);
+        ReplaceRunner runner;
+        QList<ReplaceFile> plan;
+        bool planned = false;
+        connect(&runner, &ReplaceRunner::planned, this,
+                [&](const QList<ReplaceFile> &found, const QString &why, bool) {
+                    plan = found;
+                    error = why;
+                    planned = true;
+                });
+        runner.plan(options, replacement, OpenDocuments::collect(&window));
+        // The files are read by a worker: the plan cannot arrive within the call.
+        QVERIFY(!planned);
+        QTRY_VERIFY(planned);
         QVERIFY2(error.isEmpty(), qPrintable(error));
         QCOMPARE(plan.size(), 1);
         if (setup == u"changed")
             writeFile(path, expected);
         if (setup == u"unchecked")
             plan.first().changes.first().checked = false;
-        const ReplaceSummary summary = fif->applyReplace(plan);
+        ReplaceSummary summary;
+        bool applied = false;
+        connect(&runner, &ReplaceRunner::applied, this, [&](const ReplaceSummary &done, bool) {
+            summary = done;
+            applied = true;
+        });
+        runner.apply(plan);
+        QTRY_VERIFY(applied);
         QCOMPARE(summary.replacements, replacements);
         QCOMPARE(summary.changedSincePreview.size(), setup == u"changed" ? 1 : 0);
         QVERIFY(summary.failed.isEmpty());
