@@ -62,6 +62,9 @@ StatusStrip::StatusStrip(SedGUI *tool, EditorActions *actions, Indentation *inde
 {
     setObjectName(QStringLiteral("StatusStrip"));
     setFrameShape(QFrame::NoFrame);
+    // Painted whole by itself, so that an entry changed at a key repaints
+    // the strip alone, not the widgets behind it as well.
+    setAutoFillBackground(true);
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(4, 0, 4, 0);
     layout->setSpacing(2);
