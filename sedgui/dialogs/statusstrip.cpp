@@ -14,6 +14,8 @@
 
 #include <Qsci/qsciscintilla.h>
 
+#include <algorithm>
+
 namespace koru::sedgui {
 
 namespace {
@@ -25,10 +27,30 @@ constexpr long CountedSelectionBytes = 1024 * 1024;
 // byte offset instead of the tab-expanded column.
 constexpr long MeasuredColumnBytes = 64 * 1024;
 
+// Entry widths are rounded up to this many average characters.
+constexpr int WidthStep = 4;
+
 void setText(QToolButton *button, const QString &text)
 {
     if (button->text() != text)
         button->setText(text);
+}
+
+// Sets text that changes with every key (the caret's column) on a button of
+// fixed size, rounded up to a few characters. A button whose size may change
+// has the whole window laid out again, and the tab widget above repaints all
+// it holds; one of fixed size repaints just itself, and only a width that
+// steps over the rounding lays out the strip again.
+void setSteadyText(QToolButton *button, const QString &text)
+{
+    if (button->text() == text)
+        return;
+    button->setText(text);
+    const QSize hint = button->sizeHint();
+    const int step = WidthStep * std::max(1, button->fontMetrics().averageCharWidth());
+    const QSize size((hint.width() + step - 1) / step * step, hint.height());
+    if (button->minimumSize() != size || button->maximumSize() != size)
+        button->setFixedSize(size);
 }
 
 } // namespace
@@ -40,6 +62,9 @@ StatusStrip::StatusStrip(SedGUI *tool, EditorActions *actions, Indentation *inde
 {
     setObjectName(QStringLiteral("StatusStrip"));
     setFrameShape(QFrame::NoFrame);
+    // Painted whole by itself, so that an entry changed at a key repaints
+    // the strip alone, not the widgets behind it as well.
+    setAutoFillBackground(true);
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(4, 0, 4, 0);
     layout->setSpacing(2);
@@ -136,7 +161,7 @@ QString StatusStrip::positionText() const
 void StatusStrip::refresh()
 {
     const TextFormat format = m_tool->textFormat();
-    setText(entry(QStringLiteral("position")), positionText());
+    setSteadyText(entry(QStringLiteral("position")), positionText());
     setText(entry(QStringLiteral("encoding")),
             format.bom ? tr("%1 with BOM").arg(QString::fromLatin1(format.encoding))
                        : QString::fromLatin1(format.encoding));
