@@ -41,8 +41,9 @@ set(CPACK_DEBIAN_PACKAGE_MAINTAINER "${CPACK_PACKAGE_CONTACT}")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "usr/${SE_PRIVATE_DIR}")
 # Loaded at run time, so no scan finds them: the X11 platform plug-in, the SVG
-# icon engine that draws the tool bar icons, and a font.
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-qpa-plugins, libqt6svg6, fonts-dejavu-core | fonts-freefont-ttf")
+# icon engine that draws the tool bar icons, libgit2 (opened by Find in Files)
+# and a font.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-qpa-plugins, libqt6svg6, libgit2-${SE_GIT2_SOVERSION}, fonts-dejavu-core | fonts-freefont-ttf")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-translations-l10n, libqscintilla2-qt6-l10n, hicolor-icon-theme")
 
 include(CPack)

@@ -1,25 +1,29 @@
 #include "gitignorefilter.h"
 
+#include "gitlibrary.h"
+
 #include <climits>
 #include <cstdlib>
-#include <git2.h>
 
 GitIgnoreFilter::GitIgnoreFilter(const QByteArray &root)
+    : m_git(GitLibrary::get())
 {
-    git_libgit2_init();
+    if (!m_git)
+        return;
+    m_git->init();
     // The work tree's path is the real one: compare the search folder's real path.
     char real[PATH_MAX];
     if (!realpath(root.constData(), real) ||
-        git_repository_open_ext(&m_repository, real, 0, nullptr) != 0) {
+        m_git->openRepository(&m_repository, real, 0, nullptr) != 0) {
         m_repository = nullptr;
         return;
     }
-    const char *workdir = git_repository_workdir(m_repository);
+    const char *workdir = m_git->workdir(m_repository);
     QByteArray folder(real);
     folder += '/';
     if (!workdir || !folder.startsWith(workdir)) {
         // A bare repository has no ignore rules that apply to files.
-        git_repository_free(m_repository);
+        m_git->freeRepository(m_repository);
         m_repository = nullptr;
         return;
     }
@@ -28,8 +32,10 @@ GitIgnoreFilter::GitIgnoreFilter(const QByteArray &root)
 
 GitIgnoreFilter::~GitIgnoreFilter()
 {
-    git_repository_free(m_repository);
-    git_libgit2_shutdown();
+    if (!m_git)
+        return;
+    m_git->freeRepository(m_repository);
+    m_git->shutdown();
 }
 
 bool GitIgnoreFilter::isIgnored(const QByteArray &relative, bool isFolder) const
@@ -42,5 +48,5 @@ bool GitIgnoreFilter::isIgnored(const QByteArray &relative, bool isFolder) const
     if (isFolder)
         path += '/';
     int ignored = 0;
-    return git_ignore_path_is_ignored(&ignored, m_repository, path.constData()) == 0 && ignored;
+    return m_git->isIgnored(&ignored, m_repository, path.constData()) == 0 && ignored;
 }

@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 
+class GitLibrary;
 struct git_repository;
 
 // Tells which entries under a search folder git ignores: the rules of every
@@ -28,6 +29,7 @@ public:
     bool isIgnored(const QByteArray &relative, bool isFolder) const;
 
 private:
+    const GitLibrary *m_git;
     git_repository *m_repository = nullptr;
     // Where the search folder lies in the work tree ("" or "a/b/").
     QByteArray m_prefix;
