@@ -39,6 +39,9 @@ FindInFilesDialog::FindInFilesDialog(QWidget *parent)
     m_text->setMaxCount(Keys::MaxHistory);
     m_text->setMinimumContentsLength(40);
     m_text->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    // Made in the order of the rows: Tab follows the order the widgets were made in.
+    m_replaceWith = new QLineEdit(this);
+    m_replaceWith->setPlaceholderText(tr("With a regular expression, \\1 to \\9 name its groups"));
 
     m_folder = new QLineEdit(this);
     m_browse = new QPushButton(tr("&Browse..."), this);
@@ -53,8 +56,6 @@ FindInFilesDialog::FindInFilesDialog(QWidget *parent)
 
     auto *form = new QFormLayout;
     form->addRow(tr("Fi&nd what:"), m_text);
-    m_replaceWith = new QLineEdit(this);
-    m_replaceWith->setPlaceholderText(tr("With a regular expression, \\1 to \\9 name its groups"));
     form->addRow(tr("Re&place with:"), m_replaceWith);
     // A row holding a layout gets no buddy of its own: give the mnemonic one.
     auto *folderLabel = new QLabel(tr("In &folder:"), this);

@@ -9,6 +9,7 @@
 
 #include <QAction>
 #include <QDockWidget>
+#include <QFormLayout>
 #include <QMainWindow>
 #include <QSignalSpy>
 #include <QStatusBar>
@@ -82,6 +83,24 @@ private slots:
         QVERIFY(dialog && dialog->isVisible());
         QCOMPARE(dialog->options().text, QStringLiteral("selected_word"));
         QCOMPARE(dialog->options().folder, QDir::currentPath());
+
+        // Tab goes down the rows: from each row's field to the next row's.
+        const auto *form = dialog->findChild<QFormLayout *>();
+        QVERIFY(form && form->rowCount() > 2);
+        // A row's first and last widget (a row can hold a layout of several).
+        auto field = [form](int row, bool last) {
+            QLayoutItem *item = form->itemAt(row, QFormLayout::FieldRole);
+            if (item->widget())
+                return item->widget();
+            return item->layout()->itemAt(last ? item->layout()->count() - 1 : 0)->widget();
+        };
+        for (int row = 0; row + 1 < form->rowCount(); ++row) {
+            QWidget *next = field(row, true)->nextInFocusChain();
+            while (field(row, true)->isAncestorOf(next) || !(next->focusPolicy() & Qt::TabFocus) ||
+                   !next->isVisible())
+                next = next->nextInFocusChain();
+            QCOMPARE(next, field(row + 1, false));
+        }
     }
     void searchFillsThePaneAndDoubleClickOpensTheHit()
     {
