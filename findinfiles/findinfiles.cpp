@@ -18,17 +18,9 @@
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QTextBlock>
-#include <QTimer>
 
 #include <algorithm>
 #include <climits>
-
-namespace {
-
-// Lines of a discarded pane removed per turn of the event loop: a few milliseconds.
-constexpr int DiscardSliceLines = 20000;
-
-} // namespace
 
 FindInFiles::FindInFiles(QMainWindow *window, QAction *findInFilesAction)
     : QObject(window)
@@ -195,45 +187,12 @@ void FindInFiles::clearPane(const QString &heading)
 {
     ensureResultWindow();
     m_engine->stop();
-    emptyPane();
+    m_results->clear();
     m_spans.clear();
     m_untitled.clear();
     m_results->appendPlainText(HitFormatter::noteLine(heading));
     m_dock->show();
     m_dock->raise();
-}
-
-void FindInFiles::emptyPane()
-{
-    QTextDocument *old = m_results->document();
-    if (old->blockCount() <= DiscardSliceLines) {
-        m_results->clear();
-        return;
-    }
-    // Emptying a pane of a few hundred thousand lines holds the window for tens
-    // of milliseconds: the pane gets a new document at once, and the old one is
-    // emptied from its end a slice per turn of the event loop. The view deletes
-    // only a document it owns.
-    old->setParent(this);
-    m_results->setDocument(nullptr);
-    m_results->document()->setUndoRedoEnabled(false);
-    // No layout: removing text then lays nothing out.
-    old->setDocumentLayout(nullptr);
-    discardSlice(old);
-}
-
-void FindInFiles::discardSlice(QTextDocument *document)
-{
-    const int lines = document->blockCount();
-    if (lines <= DiscardSliceLines) {
-        delete document;
-        return;
-    }
-    QTextCursor cursor(document);
-    cursor.setPosition(document->findBlockByNumber(lines - DiscardSliceLines).position());
-    cursor.setPosition(document->characterCount() - 1, QTextCursor::KeepAnchor);
-    cursor.removeSelectedText();
-    QTimer::singleShot(0, document, [this, document] { discardSlice(document); });
 }
 
 void FindInFiles::startSearch(const SearchOptions &options)

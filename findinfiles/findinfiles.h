@@ -15,7 +15,6 @@
 class QAction;
 class QDockWidget;
 class QMainWindow;
-class QTextDocument;
 class ReplaceRunner;
 class SearchEngine;
 
@@ -65,8 +64,6 @@ public:
 private:
     void ensureResultWindow();
     void clearPane(const QString &heading);
-    void emptyPane();
-    void discardSlice(QTextDocument *document);
     void searchOpenDocuments(const SearchOptions &options);
     void openHit(const QString &file, int line);
     void showReplacePlan(const QList<ReplaceFile> &plan, const QString &error, bool cancelled);
