@@ -30,6 +30,7 @@ QString globText(const QStringList &globs)
 FindInFilesDialog::FindInFilesDialog(QWidget *parent)
     : QDialog(parent)
 {
+    m_settingsWriter.setMaxThreadCount(1);
     setWindowTitle(tr("Find in Files"));
     setObjectName(QStringLiteral("FindInFilesDialog"));
 
@@ -39,6 +40,9 @@ FindInFilesDialog::FindInFilesDialog(QWidget *parent)
     m_text->setMaxCount(Keys::MaxHistory);
     m_text->setMinimumContentsLength(40);
     m_text->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    // Made in the order of the rows: Tab follows the order the widgets were made in.
+    m_replaceWith = new QLineEdit(this);
+    m_replaceWith->setPlaceholderText(tr("With a regular expression, \\1 to \\9 name its groups"));
 
     m_folder = new QLineEdit(this);
     m_browse = new QPushButton(tr("&Browse..."), this);
@@ -53,8 +57,6 @@ FindInFilesDialog::FindInFilesDialog(QWidget *parent)
 
     auto *form = new QFormLayout;
     form->addRow(tr("Fi&nd what:"), m_text);
-    m_replaceWith = new QLineEdit(this);
-    m_replaceWith->setPlaceholderText(tr("With a regular expression, \\1 to \\9 name its groups"));
     form->addRow(tr("Re&place with:"), m_replaceWith);
     // A row holding a layout gets no buddy of its own: give the mnemonic one.
     auto *folderLabel = new QLabel(tr("In &folder:"), this);
@@ -251,16 +253,25 @@ void FindInFilesDialog::saveSettings()
     m_text->setEditText(text);
     m_text->blockSignals(false);
 
-    BaseUsrSettings settings(Keys::StoreName);
-    settings.beginGroup(QLatin1String(Keys::Group));
-    settings.setValue(QLatin1String(Keys::History), history);
-    settings.setValue(QLatin1String(Keys::Regex), m_regex->isChecked());
-    settings.setValue(QLatin1String(Keys::CaseSensitive), m_caseSensitive->isChecked());
-    settings.setValue(QLatin1String(Keys::WholeWord), m_wholeWord->isChecked());
-    settings.setValue(QLatin1String(Keys::IncludeHidden), m_hidden->isChecked());
-    settings.setValue(QLatin1String(Keys::RespectGitIgnore), m_gitIgnore->isChecked());
-    settings.setValue(QLatin1String(Keys::IncludeGlobs), m_include->text());
-    settings.setValue(QLatin1String(Keys::ExcludeGlobs), m_exclude->text());
-    settings.setValue(QLatin1String(Keys::OpenDocumentsOnly), m_openDocuments->isChecked());
-    settings.setValue(QLatin1String(Keys::ReplaceWith), m_replaceWith->text());
+    const QList<std::pair<const char *, QVariant>> values = {
+        {Keys::History, history},
+        {Keys::Regex, m_regex->isChecked()},
+        {Keys::CaseSensitive, m_caseSensitive->isChecked()},
+        {Keys::WholeWord, m_wholeWord->isChecked()},
+        {Keys::IncludeHidden, m_hidden->isChecked()},
+        {Keys::RespectGitIgnore, m_gitIgnore->isChecked()},
+        {Keys::IncludeGlobs, m_include->text()},
+        {Keys::ExcludeGlobs, m_exclude->text()},
+        {Keys::OpenDocumentsOnly, m_openDocuments->isChecked()},
+        {Keys::ReplaceWith, m_replaceWith->text()},
+    };
+    // Writing the store ends in a flush to disk that can hold the window for
+    // tens of milliseconds as the search starts: the writer's single thread
+    // does it, one save after the other, and the destructor waits for it.
+    m_settingsWriter.start([values] {
+        BaseUsrSettings settings(Keys::StoreName);
+        settings.beginGroup(QLatin1String(Keys::Group));
+        for (const auto &[key, value] : values)
+            settings.setValue(QLatin1String(key), value);
+    });
 }

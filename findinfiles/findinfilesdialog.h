@@ -3,6 +3,7 @@
 #include "searchoptions.h"
 
 #include <QDialog>
+#include <QThreadPool>
 
 class QCheckBox;
 class QComboBox;
@@ -28,7 +29,8 @@ public:
     void setSearching(bool searching);
     void setStatus(const QString &text);
 
-    // Keeps the current text at the head of the remembered searches, and the options.
+    // Keeps the current text at the head of the remembered searches, and the
+    // options; the store is written on a thread of the dialog's own.
     void saveSettings();
 
 public slots:
@@ -64,4 +66,6 @@ private:
     QPushButton *m_find = nullptr;
     QPushButton *m_stop = nullptr;
     bool m_searching = false;
+    // Writes the settings off the GUI thread (see saveSettings()).
+    QThreadPool m_settingsWriter;
 };

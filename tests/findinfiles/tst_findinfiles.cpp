@@ -9,6 +9,7 @@
 
 #include <QAction>
 #include <QDockWidget>
+#include <QFormLayout>
 #include <QMainWindow>
 #include <QSignalSpy>
 #include <QStatusBar>
@@ -82,6 +83,14 @@ private slots:
         QVERIFY(dialog && dialog->isVisible());
         QCOMPARE(dialog->options().text, QStringLiteral("selected_word"));
         QCOMPARE(dialog->options().folder, QDir::currentPath());
+
+        // Tab goes from the search text to the next row's field, the replacement.
+        const auto *form = dialog->findChild<QFormLayout *>();
+        QWidget *next = form->itemAt(0, QFormLayout::FieldRole)->widget();
+        do
+            next = next->nextInFocusChain();
+        while (next->parentWidget() != dialog || !(next->focusPolicy() & Qt::TabFocus));
+        QCOMPARE(next, form->itemAt(1, QFormLayout::FieldRole)->widget());
     }
     void searchFillsThePaneAndDoubleClickOpensTheHit()
     {
