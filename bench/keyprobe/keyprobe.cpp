@@ -116,12 +116,12 @@ bool KeyProbe::placeCaret()
     if (carets > 1) {
         m_editor->SendScintilla(QsciScintillaBase::SCI_SETMULTIPLESELECTION, 1);
         m_editor->SendScintilla(QsciScintillaBase::SCI_SETADDITIONALSELECTIONTYPING, 1);
-        const long line = m_editor->SendScintilla(
-            QsciScintillaBase::SCI_LINEFROMPOSITION,
-            m_editor->SendScintilla(QsciScintillaBase::SCI_GETCURRENTPOS));
+        const long line =
+            m_editor->SendScintilla(QsciScintillaBase::SCI_LINEFROMPOSITION,
+                                    m_editor->SendScintilla(QsciScintillaBase::SCI_GETCURRENTPOS));
         for (int i = 1; i < carets; ++i) {
-            const long position = m_editor->SendScintilla(
-                QsciScintillaBase::SCI_POSITIONFROMLINE, std::max(0L, line - i * CaretLineStep));
+            const long position = m_editor->SendScintilla(QsciScintillaBase::SCI_POSITIONFROMLINE,
+                                                          std::max(0L, line - i * CaretLineStep));
             m_editor->SendScintilla(QsciScintillaBase::SCI_ADDSELECTION,
                                     static_cast<unsigned long>(position), position);
         }
@@ -205,7 +205,8 @@ void KeyProbe::finish(const char *status)
                      "doc_lines=%d carets=%ld\n",
                      status, static_cast<long long>(n), median, at(0.99), n ? sorted.last() : 0.0,
                      m_editor ? m_editor->length() : -1, m_editor ? m_editor->lines() : -1,
-                     m_editor ? m_editor->SendScintilla(QsciScintillaBase::SCI_GETSELECTIONS) : -1L);
+                     m_editor ? m_editor->SendScintilla(QsciScintillaBase::SCI_GETSELECTIONS)
+                              : -1L);
         std::fflush(out);
     }
     // At once: the typed text must not lead to a "save changes?" question.
