@@ -304,7 +304,7 @@ private slots:
         });
         engine->start(optionsFor(first.path()));
         QVERIFY(engine->isRunning());
-        QCOMPARE(threadCount(), threadsBefore + 1);
+        QVERIFY(threadCount() > threadsBefore);
         if (end == End::Destroy) {
             engine.reset();
             QCOMPARE(threadCount(), threadsBefore);
