@@ -8,12 +8,15 @@
 
 #include <QFile>
 #include <QMetaObject>
+#include <QThread>
 
+#include <algorithm>
 #include <chrono>
 #include <climits>
 #include <condition_variable>
 #include <deque>
 #include <mutex>
+#include <vector>
 
 namespace {
 
@@ -40,20 +43,37 @@ struct SearchEngine::Run
         int count = 0;
     };
 
+    // One walked file: filled by the scanner that took it, released in walk order.
+    struct Slot
+    {
+        QByteArray path;
+        QString file;
+        std::deque<Batch> chunks; // hits not yet released
+        qint64 hits = 0;          // all of the file's hits, once done
+        qint64 notFormatted = 0;  // hits after the shown ones reached the limit
+        FileScanner::Result result = FileScanner::Result::Searched;
+        bool done = false;
+    };
+
     const SearchOptions options;
     const qsizetype readSize;
     const FileScanner::ReadHook readHook;
     std::atomic<bool> cancel{false};
-    std::atomic<qint64> filesSearched{0};
-    std::atomic<qint64> filesWithHits{0};
-    std::atomic<qint64> hitsNotShown{0};
+    // Set once the hits released reach maxHitLines: later hits are only counted.
+    std::atomic<bool> shownFull{false};
 
     std::mutex mutex;
-    std::condition_variable roomFreed;
+    std::condition_variable changed;
+    std::deque<Slot> files; // the window, from the oldest file not yet released
+    size_t claimed = 0;     // files taken by a scanner
+    bool walkDone = false;
+    Batch pending; // released hits gathered into a batch
+    std::chrono::steady_clock::time_point pendingStarted;
+    qint64 shown = 0;
     std::deque<Batch> batches;
     bool deliveryPosted = false;
     bool done = false;
-    SearchSummary summary; // written by the worker before done is set
+    SearchSummary summary; // counts of the files released so far
 
     // GUI thread only.
     qint64 hitsDelivered = 0;
@@ -113,9 +133,6 @@ void SearchEngine::stop()
         summary = run->summary;
     }
     summary.cancelled = true;
-    summary.filesSearched = run->filesSearched;
-    summary.filesWithHits = run->filesWithHits;
-    summary.hitsNotShown = run->hitsNotShown;
     summary.hits = run->hitsDelivered + summary.hitsNotShown;
     emit finished(summary);
 }
@@ -123,12 +140,12 @@ void SearchEngine::stop()
 void SearchEngine::cancel(Run &run)
 {
     {
-        // Set under the lock: a worker between testing the flag and waiting for
-        // room would otherwise miss the wake-up and never end.
+        // Set under the lock: a thread between testing the flag and waiting
+        // would otherwise miss the wake-up and never end.
         std::lock_guard lock(run.mutex);
         run.cancel = true;
     }
-    run.roomFreed.notify_all();
+    run.changed.notify_all();
 }
 
 void SearchEngine::post(const std::shared_ptr<Run> &run)
@@ -141,44 +158,99 @@ void SearchEngine::post(const std::shared_ptr<Run> &run)
         this, [this, run] { deliver(run); }, Qt::QueuedConnection);
 }
 
+int SearchEngine::scanThreads()
+{
+    // Two threads read and search as fast as the disk cache gives the data; more
+    // add contention and take cores the editor needs.
+    return std::clamp(QThread::idealThreadCount(), 1, 2);
+}
+
 void SearchEngine::runSearch(const std::shared_ptr<Run> &run)
 {
-    SearchSummary summary;
     const TextMatcher matcher(run->options);
     if (!matcher.isValid()) {
-        summary.error = matcher.errorString();
-    } else {
-        FileWalker walker(run->options);
-        FileScanner scanner(matcher);
-        scanner.setReadSize(run->readSize);
-        scanner.setReadHook(run->readHook);
-        Run::Batch batch;
-        auto batchStarted = std::chrono::steady_clock::now();
+        std::lock_guard lock(run->mutex);
+        run->summary.error = matcher.errorString();
+        run->done = true;
+        post(run);
+        return;
+    }
 
+    std::vector<std::thread> scanners;
+    for (int i = 0; i < scanThreads(); ++i)
+        scanners.emplace_back([this, run] { scanFiles(run); });
+
+    FileWalker walker(run->options);
+    walker.walk(
+        [&](const QByteArray &path) {
+            std::unique_lock lock(run->mutex);
+            run->changed.wait(lock,
+                              [&] { return run->files.size() < MaxSlots || run->cancel.load(); });
+            if (run->cancel)
+                return false;
+            run->files.emplace_back().path = path;
+            run->changed.notify_all();
+            return true;
+        },
+        &run->cancel);
+
+    std::unique_lock lock(run->mutex);
+    run->walkDone = true;
+    release(run); // the last hits, when they came before the walk ended
+
+    // Until every file is released and the last hits are batched for the GUI.
+    run->changed.wait(lock, [&] {
+        return (run->files.empty() && run->pending.count == 0) || run->cancel.load();
+    });
+    lock.unlock();
+    for (std::thread &scanner : scanners)
+        scanner.join();
+
+    lock.lock();
+    run->summary.unreadable += walker.unreadableFolders();
+    run->summary.cancelled = run->cancel;
+    run->done = true;
+    post(run);
+}
+
+// One scanner thread: takes the next file of the window until the walk is done.
+void SearchEngine::scanFiles(const std::shared_ptr<Run> &run)
+{
+    const TextMatcher matcher(run->options);
+    FileScanner scanner(matcher);
+    scanner.setReadSize(run->readSize);
+    scanner.setReadHook(run->readHook);
+    const qint64 maxHitLines = run->options.maxHitLines;
+
+    for (;;) {
+        Run::Slot *slot = nullptr;
+        {
+            std::unique_lock lock(run->mutex);
+            run->changed.wait(lock, [&] {
+                return run->claimed < run->files.size() || run->walkDone || run->cancel.load();
+            });
+            if (run->cancel || run->claimed >= run->files.size())
+                return;
+            // Slots are only popped once done, so the element stays where it is.
+            slot = &run->files[run->claimed++];
+        }
+
+        const QString file = koru::sedgui::FileNameEscape::fromBytes(slot->path);
+        Run::Batch batch;
+        qint64 hits = 0;
+        qint64 notFormatted = 0;
         auto handOver = [&]() {
             std::unique_lock lock(run->mutex);
-            run->roomFreed.wait(lock, [&] {
-                return run->batches.size() < MaxPendingBatches || run->cancel.load();
-            });
-            if (run->cancel)
-                return;
-            run->batches.push_back(std::move(batch));
-            post(run);
+            slot->chunks.push_back(std::move(batch));
             batch = Run::Batch();
+            release(run);
+            run->changed.wait(
+                lock, [&] { return slot->chunks.size() < MaxSlotChunks || run->cancel.load(); });
         };
-
-        QString file;
-        bool fileHasHits = false;
         const TextMatcher::HitSink onHit = [&](const TextMatcher::LineHit &hit) {
-            if (!fileHasHits) {
-                fileHasHits = true;
-                ++summary.filesWithHits;
-                ++run->filesWithHits;
-            }
-            ++summary.hits;
-            if (summary.hits > run->options.maxHitLines) {
-                ++summary.hitsNotShown;
-                ++run->hitsNotShown;
+            ++hits;
+            if (hits > maxHitLines || run->shownFull.load(std::memory_order_relaxed)) {
+                ++notFormatted;
                 return true;
             }
             if (batch.count > 0)
@@ -186,61 +258,111 @@ void SearchEngine::runSearch(const std::shared_ptr<Run> &run)
             HitFormatter::appendHitLine(batch.lines, file, hit.line, hit.text, hit.column);
             batch.spans.append({int(std::min<qsizetype>(hit.column, INT_MAX)),
                                 int(std::min<qsizetype>(hit.length, INT_MAX))});
-            ++batch.count;
-            if (batch.count >= BatchHits) {
+            if (++batch.count >= BatchHits)
                 handOver();
-                batchStarted = std::chrono::steady_clock::now();
-            }
             return !run->cancel.load(std::memory_order_relaxed);
         };
+        const FileScanner::Result result = scanner.scan(slot->path, onHit, &run->cancel);
 
-        walker.walk(
-            [&](const QByteArray &path) {
-                file = koru::sedgui::FileNameEscape::fromBytes(path);
-                fileHasHits = false;
-                switch (scanner.scan(path, onHit, &run->cancel)) {
-                case FileScanner::Result::Binary:
-                    ++summary.binaryFilesSkipped;
-                    break;
-                case FileScanner::Result::Unreadable:
-                    ++summary.unreadable;
-                    break;
-                case FileScanner::Result::Cancelled:
-                    return false;
-                case FileScanner::Result::Changed:
-                    ++run->filesSearched;
-                    if (summary.changed++ < SearchSummary::MaxNamedFiles)
-                        summary.changedFiles.append(file);
-                    break;
-                case FileScanner::Result::Deleted:
-                    ++run->filesSearched;
-                    if (summary.deleted++ < SearchSummary::MaxNamedFiles)
-                        summary.deletedFiles.append(file);
-                    break;
-                case FileScanner::Result::Searched:
-                    ++run->filesSearched;
-                    break;
-                }
-                const auto now = std::chrono::steady_clock::now();
-                if (batch.count > 0 && now - batchStarted >= BatchAge) {
-                    handOver();
-                    batchStarted = now;
-                }
-                return !run->cancel.load(std::memory_order_relaxed);
-            },
-            &run->cancel);
-
-        if (batch.count > 0 && !run->cancel)
-            handOver();
-        summary.unreadable += walker.unreadableFolders();
+        std::lock_guard lock(run->mutex);
+        if (batch.count > 0)
+            slot->chunks.push_back(std::move(batch));
+        slot->file = file;
+        slot->hits = hits;
+        slot->notFormatted = notFormatted;
+        slot->result = result;
+        slot->done = true;
+        release(run);
+        if (result == FileScanner::Result::Cancelled)
+            return;
     }
+}
 
-    summary.filesSearched = run->filesSearched;
-    summary.cancelled = run->cancel;
-    std::lock_guard lock(run->mutex);
-    run->summary = summary;
-    run->done = true;
-    post(run);
+// Called with run->mutex held, by the scanners and by the GUI thread once it
+// has taken batches: moves the hits of the oldest files into batches for the
+// GUI, and counts each file in the summary once all of it is released.
+void SearchEngine::release(const std::shared_ptr<Run> &run)
+{
+    Run &r = *run;
+    SearchSummary &summary = r.summary;
+    const auto now = std::chrono::steady_clock::now();
+    auto pushPending = [&] {
+        r.batches.push_back(std::move(r.pending));
+        r.pending = Run::Batch();
+        post(run);
+    };
+    while (!r.files.empty() && r.batches.size() < MaxPendingBatches) {
+        Run::Slot &slot = r.files.front();
+        if (!slot.chunks.empty()) {
+            Run::Batch chunk = std::move(slot.chunks.front());
+            slot.chunks.pop_front();
+            const qint64 room = std::max<qint64>(r.options.maxHitLines - r.shown, 0);
+            if (chunk.count > room) {
+                // Beyond the limit: counted, not shown.
+                summary.hitsNotShown += chunk.count - room;
+                qsizetype end = 0;
+                for (qint64 i = 0; i < room; ++i)
+                    end = chunk.lines.indexOf(QLatin1Char('\n'), end) + 1;
+                chunk.lines.truncate(room > 0 ? end - 1 : 0);
+                chunk.spans.resize(room);
+                chunk.count = int(room);
+            }
+            r.shown += chunk.count;
+            if (r.shown >= r.options.maxHitLines)
+                r.shownFull = true;
+            if (chunk.count == 0)
+                continue;
+            if (r.pending.count == 0) {
+                r.pending = std::move(chunk);
+                r.pendingStarted = now;
+            } else {
+                r.pending.lines += QLatin1Char('\n');
+                r.pending.lines += chunk.lines;
+                r.pending.spans += chunk.spans;
+                r.pending.count += chunk.count;
+            }
+            if (r.pending.count >= BatchHits)
+                pushPending();
+            continue;
+        }
+        if (!slot.done)
+            break;
+
+        summary.hits += slot.hits;
+        summary.hitsNotShown += slot.notFormatted;
+        if (slot.hits > 0)
+            ++summary.filesWithHits;
+        switch (slot.result) {
+        case FileScanner::Result::Binary:
+            ++summary.binaryFilesSkipped;
+            break;
+        case FileScanner::Result::Unreadable:
+            ++summary.unreadable;
+            break;
+        case FileScanner::Result::Cancelled:
+            break;
+        case FileScanner::Result::Changed:
+            ++summary.filesSearched;
+            if (summary.changed++ < SearchSummary::MaxNamedFiles)
+                summary.changedFiles.append(slot.file);
+            break;
+        case FileScanner::Result::Deleted:
+            ++summary.filesSearched;
+            if (summary.deleted++ < SearchSummary::MaxNamedFiles)
+                summary.deletedFiles.append(slot.file);
+            break;
+        case FileScanner::Result::Searched:
+            ++summary.filesSearched;
+            break;
+        }
+        r.files.pop_front();
+        --r.claimed;
+    }
+    // A batch not yet full goes once it has aged, or with the last file.
+    if (r.pending.count > 0 && r.batches.size() < MaxPendingBatches &&
+        (now - r.pendingStarted >= BatchAge || (r.walkDone && r.files.empty())))
+        pushPending();
+    r.changed.notify_all();
 }
 
 void SearchEngine::deliver(const std::shared_ptr<Run> &run)
@@ -261,8 +383,9 @@ void SearchEngine::deliver(const std::shared_ptr<Run> &run)
             }
             batch = std::move(run->batches.front());
             run->batches.pop_front();
+            // Room for the hits waiting with the scanners.
+            release(run);
         }
-        run->roomFreed.notify_one();
         run->hitsDelivered += batch.count;
         emit hitsReady(batch.lines, batch.count, batch.spans);
         if (run != m_run)
@@ -294,6 +417,14 @@ void SearchEngine::finish(const std::shared_ptr<Run> &run)
 
 void SearchEngine::reportProgress()
 {
-    if (m_run)
-        emit progress(m_run->filesSearched, m_run->hitsDelivered + m_run->hitsNotShown);
+    if (!m_run)
+        return;
+    qint64 filesSearched = 0;
+    qint64 hitsNotShown = 0;
+    {
+        std::lock_guard lock(m_run->mutex);
+        filesSearched = m_run->summary.filesSearched;
+        hitsNotShown = m_run->summary.hitsNotShown;
+    }
+    emit progress(filesSearched, m_run->hitsDelivered + hitsNotShown);
 }

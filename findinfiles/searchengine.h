@@ -12,16 +12,22 @@
 #include <memory>
 #include <thread>
 
-// Runs one find-in-files search at a time on a thread of its own and hands the
-// hit lines to the GUI thread in batches. The worker waits when a bounded number
-// of batches (a few megabytes) is waiting for the GUI, so a search with a
-// million hits takes no more memory than the pane that shows them; each turn of
-// the event loop takes batches for a few milliseconds only, so the window stays
-// responsive.
+// Runs one find-in-files search at a time and hands the hit lines to the GUI
+// thread in batches, in the order the files are walked. A worker thread walks
+// the tree into a window of file slots; up to ScanThreads scanner threads each
+// take the next slot and fill it with its file's hits, and slots are released
+// in walk order, so which thread scanned a file never shows. Memory stays
+// bounded: the walker waits when MaxSlots files are ahead of the release, a
+// scanner waits when its file holds MaxSlotChunks batches not yet released,
+// and nothing is released while a bounded number of batches (a few megabytes)
+// is waiting for the GUI, so a search with a million hits takes no more memory
+// than the pane that shows them. Each turn of the event loop takes batches for
+// a few milliseconds only, so the window stays responsive.
 //
-// A new search stops the running one first. stop() returns once the worker has
-// ended (it checks the cancel flag every file and every few megabytes), and the
-// destructor does the same: no thread outlives the engine or a stopped search.
+// A new search stops the running one first. stop() returns once the threads
+// have ended (they check the cancel flag every file and every few megabytes),
+// and the destructor does the same: no thread outlives the engine or a stopped
+// search.
 class SearchEngine : public QObject
 {
     Q_OBJECT
@@ -31,13 +37,15 @@ public:
     // worker waits while MaxPendingBatches batches wait for the GUI.
     static constexpr int BatchHits = 250;
     static constexpr size_t MaxPendingBatches = 256;
+    static constexpr size_t MaxSlots = 64;
+    static constexpr size_t MaxSlotChunks = 4;
 
     explicit SearchEngine(QObject *parent = nullptr);
     ~SearchEngine() override;
 
     void start(const SearchOptions &options);
     // For tests: the read size and the hook each search's scanner is given
-    // (see FileScanner); the hook is called on the worker thread.
+    // (see FileScanner); the hook is called on the scanner threads.
     void setScannerHooks(qsizetype readSize, FileScanner::ReadHook hook);
     void stop();
     bool isRunning() const;
@@ -54,7 +62,10 @@ private:
     struct Run;
 
     static void cancel(Run &run);
+    static int scanThreads();
     void runSearch(const std::shared_ptr<Run> &run);
+    void scanFiles(const std::shared_ptr<Run> &run);
+    void release(const std::shared_ptr<Run> &run);
     void post(const std::shared_ptr<Run> &run);
     void deliver(const std::shared_ptr<Run> &run);
     void finish(const std::shared_ptr<Run> &run);
