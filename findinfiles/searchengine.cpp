@@ -63,9 +63,17 @@ struct SearchEngine::Run
     std::atomic<bool> shownFull{false};
 
     std::mutex mutex;
-    std::condition_variable changed;
+    // Each waits for one thing; whoever changes it wakes only those waiting.
+    std::condition_variable walkerRoom;  // the window has room again
+    std::condition_variable scannerWork; // a file to take, or the walk is done
+    std::condition_variable heldFewer;   // hits held back were released
+    std::condition_variable allReleased; // every file released and batched
+    bool walkerWaiting = false;
+    int scannersIdle = 0;
+    int scannersHeld = 0;
     std::deque<Slot> files; // the window, from the oldest file not yet released
     size_t claimed = 0;     // files taken by a scanner
+    size_t heldChunks = 0;  // chunks in the slots, over all files
     bool walkDone = false;
     Batch pending; // released hits gathered into a batch
     std::chrono::steady_clock::time_point pendingStarted;
@@ -145,7 +153,10 @@ void SearchEngine::cancel(Run &run)
         std::lock_guard lock(run.mutex);
         run.cancel = true;
     }
-    run.changed.notify_all();
+    run.walkerRoom.notify_all();
+    run.scannerWork.notify_all();
+    run.heldFewer.notify_all();
+    run.allReleased.notify_all();
 }
 
 void SearchEngine::post(const std::shared_ptr<Run> &run)
@@ -184,22 +195,28 @@ void SearchEngine::runSearch(const std::shared_ptr<Run> &run)
     walker.walk(
         [&](const QByteArray &path) {
             std::unique_lock lock(run->mutex);
-            run->changed.wait(lock,
-                              [&] { return run->files.size() < MaxSlots || run->cancel.load(); });
+            if (run->files.size() >= MaxSlots && !run->cancel) {
+                run->walkerWaiting = true;
+                run->walkerRoom.wait(
+                    lock, [&] { return run->files.size() < MaxSlots || run->cancel.load(); });
+                run->walkerWaiting = false;
+            }
             if (run->cancel)
                 return false;
             run->files.emplace_back().path = path;
-            run->changed.notify_all();
+            if (run->scannersIdle > 0)
+                run->scannerWork.notify_one();
             return true;
         },
         &run->cancel);
 
     std::unique_lock lock(run->mutex);
     run->walkDone = true;
+    run->scannerWork.notify_all();
     release(run); // the last hits, when they came before the walk ended
 
     // Until every file is released and the last hits are batched for the GUI.
-    run->changed.wait(lock, [&] {
+    run->allReleased.wait(lock, [&] {
         return (run->files.empty() && run->pending.count == 0) || run->cancel.load();
     });
     lock.unlock();
@@ -226,26 +243,39 @@ void SearchEngine::scanFiles(const std::shared_ptr<Run> &run)
         Run::Slot *slot = nullptr;
         {
             std::unique_lock lock(run->mutex);
-            run->changed.wait(lock, [&] {
+            ++run->scannersIdle;
+            run->scannerWork.wait(lock, [&] {
                 return run->claimed < run->files.size() || run->walkDone || run->cancel.load();
             });
+            --run->scannersIdle;
             if (run->cancel || run->claimed >= run->files.size())
                 return;
             // Slots are only popped once done, so the element stays where it is.
             slot = &run->files[run->claimed++];
         }
 
-        const QString file = koru::sedgui::FileNameEscape::fromBytes(slot->path);
+        // Decoded at the first hit: most files have none.
+        QString file;
         Run::Batch batch;
         qint64 hits = 0;
         qint64 notFormatted = 0;
         auto handOver = [&]() {
             std::unique_lock lock(run->mutex);
             slot->chunks.push_back(std::move(batch));
+            ++run->heldChunks;
             batch = Run::Batch();
             release(run);
-            run->changed.wait(
-                lock, [&] { return slot->chunks.size() < MaxSlotChunks || run->cancel.load(); });
+            // The file being released goes on while the GUI takes batches;
+            // a later one waits once too much is held back behind it.
+            auto mayGoOn = [&] {
+                return slot->chunks.empty() || run->heldChunks < MaxHeldChunks ||
+                       run->cancel.load();
+            };
+            if (!mayGoOn()) {
+                ++run->scannersHeld;
+                run->heldFewer.wait(lock, mayGoOn);
+                --run->scannersHeld;
+            }
         };
         const TextMatcher::HitSink onHit = [&](const TextMatcher::LineHit &hit) {
             ++hits;
@@ -253,6 +283,8 @@ void SearchEngine::scanFiles(const std::shared_ptr<Run> &run)
                 ++notFormatted;
                 return true;
             }
+            if (file.isNull())
+                file = koru::sedgui::FileNameEscape::fromBytes(slot->path);
             if (batch.count > 0)
                 batch.lines += QLatin1Char('\n');
             HitFormatter::appendHitLine(batch.lines, file, hit.line, hit.text, hit.column);
@@ -264,9 +296,14 @@ void SearchEngine::scanFiles(const std::shared_ptr<Run> &run)
         };
         const FileScanner::Result result = scanner.scan(slot->path, onHit, &run->cancel);
 
+        if (file.isNull() &&
+            (result == FileScanner::Result::Changed || result == FileScanner::Result::Deleted))
+            file = koru::sedgui::FileNameEscape::fromBytes(slot->path);
         std::lock_guard lock(run->mutex);
-        if (batch.count > 0)
+        if (batch.count > 0) {
             slot->chunks.push_back(std::move(batch));
+            ++run->heldChunks;
+        }
         slot->file = file;
         slot->hits = hits;
         slot->notFormatted = notFormatted;
@@ -291,11 +328,13 @@ void SearchEngine::release(const std::shared_ptr<Run> &run)
         r.pending = Run::Batch();
         post(run);
     };
+    const size_t heldBefore = r.heldChunks;
     while (!r.files.empty() && r.batches.size() < MaxPendingBatches) {
         Run::Slot &slot = r.files.front();
         if (!slot.chunks.empty()) {
             Run::Batch chunk = std::move(slot.chunks.front());
             slot.chunks.pop_front();
+            --r.heldChunks;
             const qint64 room = std::max<qint64>(r.options.maxHitLines - r.shown, 0);
             if (chunk.count > room) {
                 // Beyond the limit: counted, not shown.
@@ -362,7 +401,13 @@ void SearchEngine::release(const std::shared_ptr<Run> &run)
     if (r.pending.count > 0 && r.batches.size() < MaxPendingBatches &&
         (now - r.pendingStarted >= BatchAge || (r.walkDone && r.files.empty())))
         pushPending();
-    r.changed.notify_all();
+
+    if (r.walkerWaiting && r.files.size() <= MaxSlots - MaxSlots / 4)
+        r.walkerRoom.notify_one();
+    if (r.scannersHeld > 0 && r.heldChunks < heldBefore)
+        r.heldFewer.notify_all();
+    if (r.walkDone && r.files.empty() && r.pending.count == 0)
+        r.allReleased.notify_one();
 }
 
 void SearchEngine::deliver(const std::shared_ptr<Run> &run)

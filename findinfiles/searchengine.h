@@ -14,15 +14,18 @@
 
 // Runs one find-in-files search at a time and hands the hit lines to the GUI
 // thread in batches, in the order the files are walked. A worker thread walks
-// the tree into a window of file slots; up to ScanThreads scanner threads each
-// take the next slot and fill it with its file's hits, and slots are released
-// in walk order, so which thread scanned a file never shows. Memory stays
-// bounded: the walker waits when MaxSlots files are ahead of the release, a
-// scanner waits when its file holds MaxSlotChunks batches not yet released,
-// and nothing is released while a bounded number of batches (a few megabytes)
-// is waiting for the GUI, so a search with a million hits takes no more memory
-// than the pane that shows them. Each turn of the event loop takes batches for
-// a few milliseconds only, so the window stays responsive.
+// the tree into a window of file slots; up to two scanner threads each take
+// the next slot and fill it with its file's hits, and slots are released in
+// walk order, so which thread scanned a file never shows.
+//
+// A scanner that is descheduled in the middle of a file must not hold the
+// other one up: the window is thousands of files long (a slot without hits
+// is only its path), and a scanner waits only when the hits held back for
+// release pass a bound of a few megabytes in all. Nothing is released while a
+// bounded number of batches waits for the GUI, so a search with a million
+// hits takes no more memory than the pane that shows them. Each turn of the
+// event loop takes batches for a few milliseconds only, so the window stays
+// responsive. Threads are woken only when what they wait for has happened.
 //
 // A new search stops the running one first. stop() returns once the threads
 // have ended (they check the cancel flag every file and every few megabytes),
@@ -37,8 +40,9 @@ public:
     // worker waits while MaxPendingBatches batches wait for the GUI.
     static constexpr int BatchHits = 250;
     static constexpr size_t MaxPendingBatches = 256;
-    static constexpr size_t MaxSlots = 64;
-    static constexpr size_t MaxSlotChunks = 4;
+    static constexpr size_t MaxSlots = 8192;
+    // Batches of hits scanned but not yet released, over all files.
+    static constexpr size_t MaxHeldChunks = 64;
 
     explicit SearchEngine(QObject *parent = nullptr);
     ~SearchEngine() override;

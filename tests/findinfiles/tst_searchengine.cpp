@@ -398,14 +398,28 @@ private slots:
     }
     // The first file waits in its first read until the third is read, which a
     // scanner takes only once the second is done: hits still come in walk order.
+    // When the second holds more hits than may wait behind the first, its
+    // scanner waits too, the first goes on after its bounded wait, and nothing
+    // is lost or out of order.
+    void hitsComeInWalkOrder_data()
+    {
+        QTest::addColumn<int>("secondHits");
+        QTest::addColumn<int>("firstWaitsMs");
+        QTest::newRow("one hit each") << 1 << 5000;
+        QTest::newRow("second file over the held bound")
+            << int(SearchEngine::MaxHeldChunks + 2) * SearchEngine::BatchHits << 500;
+    }
     void hitsComeInWalkOrder()
     {
+        QFETCH(int, secondHits);
+        QFETCH(int, firstWaitsMs);
         QTemporaryDir dir;
         const QString a = dir.filePath(QStringLiteral("a.txt"));
         const QString b = dir.filePath(QStringLiteral("b.txt"));
         const QString c = dir.filePath(QStringLiteral("c.txt"));
-        for (const QString &file : {a, b, c})
-            writeFile(file, "needle\n");
+        writeFile(a, "needle\n");
+        writeFile(b, QByteArray("needle\n").repeated(secondHits));
+        writeFile(c, "needle\n");
         std::mutex mutex;
         std::condition_variable cRead;
         bool cWasRead = false;
@@ -417,15 +431,19 @@ private slots:
                 cRead.notify_all();
             } else if (path == QFile::encodeName(a)) {
                 // Bounded: with one scanner thread nothing else is read meanwhile.
-                cRead.wait_for(lock, std::chrono::seconds(5), [&] { return cWasRead; });
+                cRead.wait_for(lock, std::chrono::milliseconds(firstWaitsMs),
+                               [&] { return cWasRead; });
             }
         });
         Collected collected;
         collect(engine, collected);
         engine.start(optionsFor(dir.path()));
         QTRY_COMPARE_WITH_TIMEOUT(collected.summaries.size(), 1, 20000);
-        const QString hit = QStringLiteral("(1):needle");
-        QCOMPARE(collected.lines, (QStringList{a + hit, b + hit, c + hit}));
+        QCOMPARE(collected.lines.size(), secondHits + 2);
+        QCOMPARE(collected.lines.first(), a + QStringLiteral("(1):needle"));
+        QCOMPARE(collected.lines.at(secondHits), b + QStringLiteral("(%1):needle").arg(secondHits));
+        QCOMPARE(collected.lines.last(), c + QStringLiteral("(1):needle"));
+        QCOMPARE(collected.summaries.first().hits, secondHits + 2);
     }
     // A path longer than the system takes cannot be opened, not even by root: a file and a
     // folder whose paths just pass that length are unreadable entries of the tree.
