@@ -86,6 +86,7 @@ void FindInFiles::showDialog()
         m_dialog->setSearchText(selection);
     m_dialog->setSearching(m_engine->isRunning() || m_replacer->isRunning());
     m_dialog->show();
+    m_dialog->focusSearchText();
     m_dialog->raise();
     m_dialog->activateWindow();
 }

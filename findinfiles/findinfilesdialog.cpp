@@ -135,6 +135,12 @@ void FindInFilesDialog::setSearchText(const QString &text)
     m_text->lineEdit()->selectAll();
 }
 
+void FindInFilesDialog::focusSearchText()
+{
+    m_text->setFocus(Qt::OtherFocusReason);
+    m_text->lineEdit()->selectAll();
+}
+
 void FindInFilesDialog::setFolder(const QString &folder)
 {
     m_folder->setText(QDir::toNativeSeparators(folder));

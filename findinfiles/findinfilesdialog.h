@@ -23,6 +23,8 @@ public:
 
     SearchOptions options() const;
     void setSearchText(const QString &text);
+    // Each opening starts in the search text, selected, wherever the user left off.
+    void focusSearchText();
     void setFolder(const QString &folder);
     QString folder() const;
 

@@ -8,8 +8,10 @@
 #include "writefile.h"
 
 #include <QAction>
+#include <QComboBox>
 #include <QDockWidget>
 #include <QFormLayout>
+#include <QLineEdit>
 #include <QMainWindow>
 #include <QSignalSpy>
 #include <QStatusBar>
@@ -91,6 +93,13 @@ private slots:
             next = next->nextInFocusChain();
         while (next->parentWidget() != dialog || !(next->focusPolicy() & Qt::TabFocus));
         QCOMPARE(next, form->itemAt(1, QFormLayout::FieldRole)->widget());
+
+        // Opened again after working in another field: the search text again.
+        form->itemAt(3, QFormLayout::FieldRole)->widget()->setFocus();
+        m_action->trigger();
+        auto *text = qobject_cast<QComboBox *>(form->itemAt(0, QFormLayout::FieldRole)->widget());
+        QCOMPARE(dialog->focusWidget(), text);
+        QCOMPARE(text->lineEdit()->selectedText(), QStringLiteral("selected_word"));
     }
     void searchFillsThePaneAndDoubleClickOpensTheHit()
     {
