@@ -1,5 +1,6 @@
 #include "findinfiles.h"
 
+#include "documentdisposer.h"
 #include "filenameescape.h"
 #include "findinfilesdialog.h"
 #include "hitformatter.h"
@@ -15,6 +16,7 @@
 #include <QDockWidget>
 #include <QMainWindow>
 #include <QMetaObject>
+#include <QPlainTextDocumentLayout>
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QTextBlock>
@@ -27,6 +29,7 @@ FindInFiles::FindInFiles(QMainWindow *window, QAction *findInFilesAction)
     , m_window(window)
     , m_engine(new SearchEngine(this))
     , m_replacer(new ReplaceRunner(this))
+    , m_disposer(std::make_unique<DocumentDisposer>())
 {
     setObjectName(QStringLiteral("FindInFiles"));
     if (findInFilesAction) {
@@ -64,6 +67,8 @@ FindInFiles::~FindInFiles()
     m_engine = nullptr;
     delete m_replacer;
     m_replacer = nullptr;
+    // Before the window's widgets go: no document of the pane is still being freed.
+    m_disposer.reset();
 }
 
 void FindInFiles::showDialog()
@@ -188,12 +193,32 @@ void FindInFiles::clearPane(const QString &heading)
 {
     ensureResultWindow();
     m_engine->stop();
-    m_results->clear();
+    emptyPane();
     m_spans.clear();
     m_untitled.clear();
     m_results->appendPlainText(HitFormatter::noteLine(heading));
     m_dock->show();
     m_dock->raise();
+}
+
+void FindInFiles::emptyPane()
+{
+    QTextDocument *old = m_results->document();
+    if (old->blockCount() > PaneDisposedAbove) {
+        // A new document set up as the view sets up its first one; the old one
+        // is freed on the disposer's thread. The view deletes only a document
+        // that is its control's child, so the old one is taken from it first.
+        auto *fresh = new QTextDocument(m_results);
+        fresh->setDocumentLayout(new QPlainTextDocumentLayout(fresh));
+        fresh->setDefaultFont(m_results->font());
+        fresh->setUndoRedoEnabled(false);
+        old->setParent(nullptr);
+        m_results->setDocument(fresh);
+        fresh->documentLayout()->setPaintDevice(m_results->viewport());
+        m_disposer->dispose(old);
+    }
+    // A small pane is emptied in place; a new one is empty already.
+    m_results->clear();
 }
 
 void FindInFiles::startSearch(const SearchOptions &options)

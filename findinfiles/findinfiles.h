@@ -12,8 +12,11 @@
 #include <QPointer>
 #include <QString>
 
+#include <memory>
+
 class QAction;
 class QDockWidget;
+class DocumentDisposer;
 class QMainWindow;
 class ReplaceRunner;
 class SearchEngine;
@@ -32,6 +35,11 @@ class FindInFiles : public QObject
     Q_OBJECT
 
 public:
+    // A pane of more lines than this is not emptied in place for the next
+    // search: it gets a new document, and the old one is freed on another
+    // thread, as freeing it holds the event loop for milliseconds.
+    static constexpr int PaneDisposedAbove = 5000;
+
     FindInFiles(QMainWindow *window, QAction *findInFilesAction);
     ~FindInFiles() override;
 
@@ -64,6 +72,7 @@ public:
 private:
     void ensureResultWindow();
     void clearPane(const QString &heading);
+    void emptyPane();
     void searchOpenDocuments(const SearchOptions &options);
     void openHit(const QString &file, int line);
     void showReplacePlan(const QList<ReplaceFile> &plan, const QString &error, bool cancelled);
@@ -81,6 +90,7 @@ private:
     QMainWindow *m_window = nullptr;
     SearchEngine *m_engine = nullptr;
     ReplaceRunner *m_replacer = nullptr;
+    std::unique_ptr<DocumentDisposer> m_disposer;
     QString m_replaceHeading;
     QPointer<FindInFilesDialog> m_dialog;
     QPointer<QDockWidget> m_dock;

@@ -223,24 +223,30 @@ private slots:
         QCOMPARE(koru::sedgui::FileNameEscape::toNative(parsed.files.first().path), path);
     }
     // A double-click, Enter, F4 from the heading and Shift+F4 from the summary all open
-    // the hit at its line and select its match (in the file's line, not the pane's).
+    // the hit at its line and select its match (in the file's line, not the pane's),
+    // also in the pane of a search that follows one that filled it.
     void keysOpenTheHitLikeADoubleClick_data()
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("line");
         QTest::addColumn<QVariantList>("span");
+        QTest::addColumn<int>("linesBefore"); // hits of an earlier search
         const QString beyondBmp = QString::fromUtf8("\xc3\xa4\xf0\x9f\x98\x80 ");
         QTest::newRow("a hit-like path")
-            << u"x(2):y/f(3).c"_s << u"(1):neeedle;"_s << QVariantList{4, 7};
-        QTest::newRow("outside the BMP") << u"f.c"_s << beyondBmp + "needle" << QVariantList{4, 6};
+            << u"x(2):y/f(3).c"_s << u"(1):neeedle;"_s << QVariantList{4, 7} << 0;
+        QTest::newRow("outside the BMP")
+            << u"f.c"_s << beyondBmp + "needle" << QVariantList{4, 6} << 0;
         QTest::newRow("long line")
-            << u"f.c"_s << QString(4000, u'y') + " needle" << QVariantList{4001, 6};
+            << u"f.c"_s << QString(4000, u'y') + " needle" << QVariantList{4001, 6} << 0;
+        QTest::newRow("after a full pane")
+            << u"f.c"_s << u"needle"_s << QVariantList{0, 6} << FindInFiles::PaneDisposedAbove + 1;
     }
     void keysOpenTheHitLikeADoubleClick()
     {
         QFETCH(QString, name);
         QFETCH(QString, line);
         QFETCH(QVariantList, span);
+        QFETCH(int, linesBefore);
         QTemporaryDir dir;
         const QString file = dir.filePath(name);
         writeFile(file, "first\n" + line.toUtf8() + "\nlast\n");
@@ -249,6 +255,18 @@ private slots:
         options.text = QStringLiteral("ne+dle");
         options.regularExpression = true;
         QSignalSpy finished(m_fif->engine(), &SearchEngine::finished);
+        if (linesBefore > 0) {
+            QTemporaryDir before;
+            writeFile(before.filePath(u"many.c"_s), QByteArray("needle\n").repeated(linesBefore));
+            SearchOptions first = options;
+            first.folder = before.path();
+            m_fif->startSearch(first);
+            QVERIFY(finished.wait());
+            QCOMPARE(m_fif->resultWindow()->blockCount(), linesBefore + 2);
+            // The next pane keeps the font; a view left at the end would show no line.
+            m_fif->resultWindow()->setFont(QFont(u"Monospace"_s, 17));
+            m_fif->resultWindow()->moveCursor(QTextCursor::End);
+        }
         m_fif->startSearch(options);
         QVERIFY(finished.wait());
         ResultWindow *pane = m_fif->resultWindow();
@@ -263,6 +281,8 @@ private slots:
         m_fif->previousHitAction()->trigger();
         QCOMPARE(m_window->opened, (QList<std::pair<QString, int>>(4, {file, 2})));
         QCOMPARE(m_tool->selected, QList<QVariantList>(4, QVariantList{file, 2} + span));
+        QCOMPARE(pane->document()->defaultFont(), pane->font());
+        QVERIFY(!pane->document()->isUndoRedoEnabled());
     }
     // Only the open documents, as their buffers are now, are searched; a hit in
     // a file goes through the window's open, one in an untitled document to its tab.
