@@ -1,5 +1,6 @@
 #include "editing/wordcompleter.h"
 
+#include "editing/completionlist.h"
 #include "editing/scintillacalls.h"
 #include "languages.h"
 #include "sedgui.h"
@@ -84,8 +85,7 @@ WordCompleter::WordCompleter(SedGUI *tool, QObject *parent)
 {
     setObjectName(QStringLiteral("WordCompleter"));
     QsciScintilla *editor = tool->editor();
-    send(editor, Sci::SCI_AUTOCSETORDER, Sci::SC_ORDER_PERFORMSORT);
-    send(editor, Sci::SCI_AUTOCSETMAXHEIGHT, 10);
+    m_list = new CompletionList(editor);
     m_indexTimer.setInterval(0);
     connect(&m_indexTimer, &QTimer::timeout, this, &WordCompleter::indexSlice);
     connect(editor, &QsciScintillaBase::SCN_CHARADDED, this, &WordCompleter::onCharAdded);
@@ -113,7 +113,7 @@ WordCompleter::WordCompleter(SedGUI *tool, QObject *parent)
 void WordCompleter::onCharAdded(int ch)
 {
     QsciScintilla *editor = m_tool->editor();
-    if (ch < 0 || ch > 0xff || !isWordByte(char(ch)) || send(editor, Sci::SCI_AUTOCACTIVE) ||
+    if (ch < 0 || ch > 0xff || !isWordByte(char(ch)) || m_list->isOpen() ||
         send(editor, Sci::SCI_GETSELECTIONS) > 1) {
         return;
     }
@@ -203,7 +203,6 @@ QStringList WordCompleter::candidates(const QByteArray &prefix)
 
 int WordCompleter::complete(bool explicitly)
 {
-    QsciScintilla *editor = m_tool->editor();
     qint64 caret = 0;
     const QByteArray prefix = prefixAtCaret(&caret);
     if (!explicitly && prefix.size() < MinimumPrefix) {
@@ -213,10 +212,10 @@ int WordCompleter::complete(bool explicitly)
     if (offered.isEmpty()) {
         return 0;
     }
-    send(editor, Sci::SCI_AUTOCSETCHOOSESINGLE, explicitly ? 1 : 0);
-    const QByteArray list = offered.join(QLatin1Char(' ')).toUtf8();
-    editor->SendScintilla(Sci::SCI_AUTOCSHOW, static_cast<uintptr_t>(prefix.size()),
-                          list.constData());
+    m_list->open(offered, caret - prefix.size());
+    if (explicitly && offered.size() == 1) {
+        m_list->insert(offered.first());
+    }
     return int(offered.size());
 }
 

@@ -11,6 +11,7 @@
 
 namespace koru::sedgui {
 
+class CompletionList;
 class SedGUI;
 
 // Offers words to complete the one being typed: words near the caret, words
@@ -41,9 +42,9 @@ public:
     static constexpr qint64 IndexSlice = 256 * 1024;
     static constexpr qsizetype MaxIndexedWords = 200000;
 
-    // Shows the words that start with the word before the caret (explicitly:
-    // however short it is, and a single one is inserted at once). Returns how
-    // many were offered.
+    // Shows the words that start with the word before the caret in the list
+    // (explicitly: however short it is, and a single one is inserted at
+    // once). Returns how many were offered.
     int complete(bool explicitly);
 
     // The words offered for prefix, sorted, without prefix itself.
@@ -70,6 +71,7 @@ private:
     void addKeywords(QSet<QByteArray> *words) const;
 
     SedGUI *m_tool;
+    CompletionList *m_list;
     // How often each word occurs in the part of the document read so far.
     QHash<QByteArray, qint32> m_index;
     // The words of the index before it was started again, until it is complete.
