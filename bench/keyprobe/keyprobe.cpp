@@ -174,6 +174,11 @@ void KeyProbe::keyPainted()
 {
     m_keyTimeout.stop();
     const double ms = double(m_clock.nsecsElapsed() - m_pressedNs) / 1e6;
+    // KEYPROBE_TRACE=1: each key's time on the standard error, to see which
+    // keys are slow.
+    static const bool trace = qEnvironmentVariableIsSet("KEYPROBE_TRACE");
+    if (trace)
+        std::fprintf(stderr, "keyprobe: key %d %.2f ms\n", m_typed, ms);
     if (++m_typed > WarmUpKeys)
         m_latencies.append(ms);
     if (m_latencies.size() >= m_keys) {
