@@ -74,6 +74,10 @@ void TestWordCompleter::followsEdits_data()
                                   << "5,1,-f" << QStringList{"zebra"};
     QTest::newRow("two words joined") << "zeb ra\n"_qba
                                       << "3,1," << QStringList{"zebra"};
+    QTest::newRow("a word only added") << "zebra zebra\n"_qba
+                                       << "11,0,f" << QStringList{"zebra", "zebraf"};
+    QTest::newRow("a word only taken away") << "zebra  zebu  x\n"_qba
+                                            << "7,4," << QStringList{"zebra"};
     QTest::newRow("undone without a place") << "alpha\n"_qba
                                             << "6,0,zebrafish undo" << QStringList();
 }
@@ -90,6 +94,7 @@ void TestWordCompleter::followsEdits()
     completer->candidates("zeb"); // starts the indexes
     for (const QString &edit : edits.split(u' ')) {
         QTRY_VERIFY(other.findChild<WordCompleter *>()->isIndexed());
+        completer->candidates("zeb"); // the other's words kept sorted until this edit
         const QStringList part = edit.split(u',');
         if (edit == u"undo") {
             other.undo();
