@@ -35,7 +35,10 @@ CompletionList::CompletionList(QsciScintilla *editor)
     setFocusPolicy(Qt::NoFocus);
     setUniformItemSizes(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    hide();
+    // Shown once, closed by taking its size away: showing and hiding a child
+    // has its parent laid out again, which cost a millisecond at the next key.
+    setGeometry(QRect());
+    show();
     connect(this, &QListWidget::itemDoubleClicked, this,
             [this](QListWidgetItem *item) { insert(item->text()); });
     editor->installEventFilter(this);
@@ -44,29 +47,39 @@ CompletionList::CompletionList(QsciScintilla *editor)
     for (QScrollBar *bar : {editor->verticalScrollBar(), editor->horizontalScrollBar()})
         connect(bar, &QScrollBar::valueChanged, this, [this] {
             if (isOpen())
-                hide();
+                shut();
         });
 }
 
 void CompletionList::open(const QStringList &words, qint64 wordStart)
 {
-    m_words = words;
     m_wordStart = wordStart;
-    clear();
-    addItems(words);
-    setFont(m_editor->font());
-    const int rows = std::min<int>(VisibleRows, count());
-    int width = 0;
-    const QFontMetrics metrics(font());
-    for (const QString &word : words)
-        width = std::max(width, metrics.horizontalAdvance(word));
-    const int frame = 2 * frameWidth();
-    m_size = QSize(width + frame + 4 * metrics.averageCharWidth() +
-                       (count() > rows ? verticalScrollBar()->sizeHint().width() : 0),
-                   rows * std::max(1, sizeHintForRow(0)) + frame);
-    show();
+    // Words typed again bring the same list: it stays as it was made.
+    if (words != m_words || font() != m_editor->font()) {
+        m_words = words;
+        clear();
+        addItems(words);
+        if (font() != m_editor->font())
+            setFont(m_editor->font());
+        const int rows = std::min<int>(VisibleRows, count());
+        int width = 0;
+        const QFontMetrics metrics(font());
+        for (const QString &word : words)
+            width = std::max(width, metrics.horizontalAdvance(word));
+        const int frame = 2 * frameWidth();
+        m_size = QSize(width + frame + 4 * metrics.averageCharWidth() +
+                           (count() > rows ? verticalScrollBar()->sizeHint().width() : 0),
+                       rows * std::max(1, sizeHintForRow(0)) + frame);
+    }
+    m_open = true;
     raise();
     follow();
+}
+
+void CompletionList::shut()
+{
+    m_open = false;
+    setGeometry(QRect());
 }
 
 void CompletionList::place()
@@ -103,7 +116,7 @@ void CompletionList::follow()
     const qint64 caret = send(m_editor, Sci::SCI_GETCURRENTPOS);
     if (caret < m_wordStart || caret - m_wordStart > 256 ||
         send(m_editor, Sci::SCI_GETSELECTIONS) > 1 || send(m_editor, Sci::SCI_GETANCHOR) != caret) {
-        hide();
+        shut();
         return;
     }
     const auto *bytes = reinterpret_cast<const char *>(
@@ -111,13 +124,13 @@ void CompletionList::follow()
                                 static_cast<long>(caret - m_wordStart)));
     const QByteArrayView typed(bytes, bytes ? caret - m_wordStart : 0);
     if (!std::all_of(typed.begin(), typed.end(), isWordByte)) {
-        hide();
+        shut();
         return;
     }
     const QString prefix = QString::fromUtf8(typed);
     const auto it = std::lower_bound(m_words.cbegin(), m_words.cend(), prefix);
     if (it == m_words.cend() || !it->startsWith(prefix)) {
-        hide();
+        shut();
         return;
     }
     setCurrentRow(int(it - m_words.cbegin()));
@@ -129,7 +142,7 @@ void CompletionList::insert(const QString &word)
 {
     const qint64 caret = send(m_editor, Sci::SCI_GETCURRENTPOS);
     const QByteArray bytes = word.toUtf8();
-    hide();
+    shut();
     if (caret < m_wordStart)
         return;
     send(m_editor, Sci::SCI_BEGINUNDOACTION);
@@ -146,13 +159,13 @@ bool CompletionList::eventFilter(QObject *watched, QEvent *event)
         return QListWidget::eventFilter(watched, event);
     if (watched == m_editor->viewport()) {
         if (event->type() == QEvent::MouseButtonPress)
-            hide();
+            shut();
         return QListWidget::eventFilter(watched, event);
     }
     switch (event->type()) {
     case QEvent::FocusOut:
     case QEvent::Resize:
-        hide();
+        shut();
         break;
     case QEvent::KeyPress: {
         // Keys sent before the list followed the last one see it current.
@@ -187,10 +200,10 @@ bool CompletionList::eventFilter(QObject *watched, QEvent *event)
                 insert(item->text());
                 return true;
             }
-            hide();
+            shut();
             break;
         case Qt::Key_Escape:
-            hide();
+            shut();
             return true;
         default:
             followSoon();

@@ -30,7 +30,7 @@ public:
     // Offers words, sorted, for the word that starts at the byte wordStart
     // and ends at the caret.
     void open(const QStringList &words, qint64 wordStart);
-    bool isOpen() const { return !isHidden(); }
+    bool isOpen() const { return m_open; }
     // Puts word in place of the word typed so far and closes the list.
     void insert(const QString &word);
 
@@ -42,12 +42,14 @@ private:
     void follow();
     void followSoon();
     void place();
+    void shut();
 
     QsciScintilla *m_editor;
     QStringList m_words;
     QSize m_size;
     qint64 m_wordStart = 0;
     bool m_followPending = false;
+    bool m_open = false;
 };
 
 } // namespace koru::sedgui
