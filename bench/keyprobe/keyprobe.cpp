@@ -21,10 +21,10 @@ constexpr int StartTimeoutMs = 120000;
 // Lines between the carets when there are several.
 constexpr long CaretLineStep = 10;
 
-qint64 cpuNs()
+qint64 cpuNs(clockid_t clock = CLOCK_PROCESS_CPUTIME_ID)
 {
     timespec now{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
+    clock_gettime(clock, &now);
     return qint64(now.tv_sec) * 1000000000 + now.tv_nsec;
 }
 
@@ -143,6 +143,7 @@ void KeyProbe::typeNext()
     m_state = State::Typing;
     m_handled = false;
     m_pressedNs = m_clock.nsecsElapsed();
+    m_pressedCpuNs = cpuNs(CLOCK_THREAD_CPUTIME_ID);
     QCoreApplication::postEvent(m_editor,
                                 new QKeyEvent(QEvent::KeyPress, key, Qt::NoModifier, text));
     QCoreApplication::postEvent(m_editor,
@@ -174,6 +175,13 @@ void KeyProbe::keyPainted()
 {
     m_keyTimeout.stop();
     const double ms = double(m_clock.nsecsElapsed() - m_pressedNs) / 1e6;
+    // KEYPROBE_TRACE=1: each key's time on the standard error, to see which
+    // keys are slow, and the processor time the main thread spent on it,
+    // which a busy machine disturbs less.
+    static const bool trace = qEnvironmentVariableIsSet("KEYPROBE_TRACE");
+    if (trace)
+        std::fprintf(stderr, "keyprobe: key %d %.2f ms %.2f cpu\n", m_typed, ms,
+                     double(cpuNs(CLOCK_THREAD_CPUTIME_ID) - m_pressedCpuNs) / 1e6);
     if (++m_typed > WarmUpKeys)
         m_latencies.append(ms);
     if (m_latencies.size() >= m_keys) {

@@ -22,7 +22,9 @@ class QsciScintilla;
 // was painted. It writes one line to the file KEYPROBE_OUT,
 //   status=ok keys=N median_ms=M p99_ms=P max_ms=X doc_bytes=B doc_lines=L carets=C
 // (status=timeout when a key was never painted within 5 s) and ends
-// the process at once, so that no "save changes?" question holds it.
+// the process at once, so that no "save changes?" question holds it. With
+// KEYPROBE_TRACE set, each key's time (and the main thread's processor time
+// for it) goes to the standard error as well.
 class KeyProbe : public QObject
 {
     Q_OBJECT
@@ -51,6 +53,7 @@ private:
     int m_keys = 300;
     int m_typed = 0;
     qint64 m_pressedNs = 0;
+    qint64 m_pressedCpuNs = 0;
     bool m_handled = false;
     QPointer<QsciScintilla> m_editor;
     QList<double> m_latencies;

@@ -8,7 +8,6 @@
 
 #include <QEvent>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QMenu>
 #include <QToolButton>
 
@@ -91,10 +90,11 @@ StatusStrip::StatusStrip(SedGUI *tool, EditorActions *actions, Indentation *inde
         editor->setOverwriteMode(!editor->overwriteMode());
         refresh();
     });
-    connect(editor, &QsciScintilla::cursorPositionChanged, this, &StatusStrip::refresh);
-    connect(editor, &QsciScintilla::selectionChanged, this, &StatusStrip::refresh);
+    connect(editor, &QsciScintilla::cursorPositionChanged, this, &StatusStrip::refreshSoon);
+    connect(editor, &QsciScintilla::selectionChanged, this, &StatusStrip::refreshSoon);
     connect(indentation, &Indentation::changed, this, &StatusStrip::refresh);
-    // The Insert key toggles overwrite inside the editing widget, unannounced.
+    // Every key may move the caret (the Insert key toggles overwrite,
+    // unannounced): the strip follows before the key's repaint.
     editor->installEventFilter(this);
     refresh();
 }
@@ -118,10 +118,25 @@ QToolButton *StatusStrip::entry(const QString &name) const
 
 bool StatusStrip::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::KeyPress &&
-        static_cast<QKeyEvent *>(event)->key() == Qt::Key_Insert)
-        QMetaObject::invokeMethod(this, &StatusStrip::refresh, Qt::QueuedConnection);
+    if (event->type() == QEvent::KeyPress)
+        refreshSoon();
     return QFrame::eventFilter(watched, event);
+}
+
+void StatusStrip::refreshSoon()
+{
+    if (m_refreshPending)
+        return;
+    m_refreshPending = true;
+    // Posted events run before the window's repaint, which Qt posts at a
+    // lower priority.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            m_refreshPending = false;
+            refresh();
+        },
+        Qt::QueuedConnection);
 }
 
 QString StatusStrip::positionText() const

@@ -24,8 +24,13 @@ class SEDGUI_EXPORT StatusStrip : public QFrame
 public:
     StatusStrip(SedGUI *tool, EditorActions *actions, Indentation *indentation);
 
-    // Brings every entry up to date.
+    // Brings every entry up to date now.
     void refresh();
+    // Brings every entry up to date once the current event is handled: a
+    // key's new caret position shows in the same repaint as the typed text,
+    // and the editing component's notice of it, which comes while it paints,
+    // finds the texts already current and repaints nothing more.
+    void refreshSoon();
 
     // An entry by name: "position", "encoding", "lineEnding", "indentation",
     // "syntax", "overwrite".
@@ -40,6 +45,7 @@ private:
 
     SedGUI *m_tool;
     Indentation *m_indentation;
+    bool m_refreshPending = false;
 };
 
 } // namespace koru::sedgui

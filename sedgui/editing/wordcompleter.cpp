@@ -1,5 +1,6 @@
 #include "editing/wordcompleter.h"
 
+#include "editing/completionlist.h"
 #include "editing/scintillacalls.h"
 #include "languages.h"
 #include "sedgui.h"
@@ -84,8 +85,7 @@ WordCompleter::WordCompleter(SedGUI *tool, QObject *parent)
 {
     setObjectName(QStringLiteral("WordCompleter"));
     QsciScintilla *editor = tool->editor();
-    send(editor, Sci::SCI_AUTOCSETORDER, Sci::SC_ORDER_PERFORMSORT);
-    send(editor, Sci::SCI_AUTOCSETMAXHEIGHT, 10);
+    m_list = new CompletionList(editor);
     m_indexTimer.setInterval(0);
     connect(&m_indexTimer, &QTimer::timeout, this, &WordCompleter::indexSlice);
     connect(editor, &QsciScintillaBase::SCN_CHARADDED, this, &WordCompleter::onCharAdded);
@@ -113,7 +113,7 @@ WordCompleter::WordCompleter(SedGUI *tool, QObject *parent)
 void WordCompleter::onCharAdded(int ch)
 {
     QsciScintilla *editor = m_tool->editor();
-    if (ch < 0 || ch > 0xff || !isWordByte(char(ch)) || send(editor, Sci::SCI_AUTOCACTIVE) ||
+    if (ch < 0 || ch > 0xff || !isWordByte(char(ch)) || m_list->isOpen() ||
         send(editor, Sci::SCI_GETSELECTIONS) > 1) {
         return;
     }
@@ -176,14 +176,7 @@ QStringList WordCompleter::candidates(const QByteArray &prefix)
     addKeywords(&keywords);
     for (SedGUI *document : TemplateTree::Instance()->documents()) {
         if (auto *other = document->findChild<WordCompleter *>()) {
-            other->startIndexing();
-            for (const auto *index : {&other->m_index, &other->m_previous}) {
-                for (auto it = index->keyBegin(); it != index->keyEnd(); ++it) {
-                    if (completes(*it, prefix)) {
-                        words.insert(*it);
-                    }
-                }
-            }
+            other->collect(prefix, other != this, &words);
         }
     }
     QStringList offered;
@@ -201,9 +194,42 @@ QStringList WordCompleter::candidates(const QByteArray &prefix)
     return offered;
 }
 
+void WordCompleter::collect(const QByteArray &prefix, bool sort, QSet<QByteArray> *words)
+{
+    startIndexing();
+    // The words of the document typed in change at every key: they are read
+    // through. Those of the others stay the same while it is typed in: they
+    // are kept sorted, so that a prefix finds its words without reading all.
+    if (sort && !m_sortedCurrent) {
+        m_sorted.clear();
+        m_sorted.reserve(m_index.size() + m_previous.size());
+        for (const auto *index : {&m_index, &m_previous}) {
+            for (auto it = index->keyBegin(); it != index->keyEnd(); ++it) {
+                m_sorted.append(*it);
+            }
+        }
+        std::sort(m_sorted.begin(), m_sorted.end());
+        m_sorted.erase(std::unique(m_sorted.begin(), m_sorted.end()), m_sorted.end());
+        m_sortedCurrent = true;
+    }
+    if (m_sortedCurrent) {
+        for (auto it = std::upper_bound(m_sorted.cbegin(), m_sorted.cend(), prefix);
+             it != m_sorted.cend() && it->startsWith(prefix); ++it) {
+            words->insert(*it);
+        }
+        return;
+    }
+    for (const auto *index : {&m_index, &m_previous}) {
+        for (auto it = index->keyBegin(); it != index->keyEnd(); ++it) {
+            if (completes(*it, prefix)) {
+                words->insert(*it);
+            }
+        }
+    }
+}
+
 int WordCompleter::complete(bool explicitly)
 {
-    QsciScintilla *editor = m_tool->editor();
     qint64 caret = 0;
     const QByteArray prefix = prefixAtCaret(&caret);
     if (!explicitly && prefix.size() < MinimumPrefix) {
@@ -213,10 +239,10 @@ int WordCompleter::complete(bool explicitly)
     if (offered.isEmpty()) {
         return 0;
     }
-    send(editor, Sci::SCI_AUTOCSETCHOOSESINGLE, explicitly ? 1 : 0);
-    const QByteArray list = offered.join(QLatin1Char(' ')).toUtf8();
-    editor->SendScintilla(Sci::SCI_AUTOCSHOW, static_cast<uintptr_t>(prefix.size()),
-                          list.constData());
+    m_list->open(offered, caret - prefix.size());
+    if (explicitly && offered.size() == 1) {
+        m_list->insert(offered.first());
+    }
     return int(offered.size());
 }
 
@@ -234,6 +260,7 @@ void WordCompleter::restartIndexing()
         m_previous = std::move(m_index);
     }
     m_index.clear();
+    m_sortedCurrent = false;
     m_indexedTo = 0;
     m_complete = false;
     m_indexTimer.start();
@@ -247,6 +274,7 @@ void WordCompleter::addWord(QByteArrayView word)
         ++*it;
     } else if (m_index.size() < MaxIndexedWords) {
         m_index.insert(key, 1);
+        m_sortedCurrent = false;
     }
 }
 
@@ -278,6 +306,7 @@ void WordCompleter::indexSlice()
     if (m_complete || m_index.size() >= MaxIndexedWords) {
         m_indexTimer.stop();
         m_previous.clear();
+        m_sortedCurrent = false;
     }
 }
 
@@ -351,6 +380,7 @@ void WordCompleter::recount(qint64 from, qint64 to, int sign)
                     } else if (const auto it = m_index.find(word.toByteArray());
                                it != m_index.end() && --*it <= 0) {
                         m_index.erase(it);
+                        m_sortedCurrent = false;
                     }
                     return true;
                 });

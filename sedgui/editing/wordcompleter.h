@@ -11,6 +11,7 @@
 
 namespace koru::sedgui {
 
+class CompletionList;
 class SedGUI;
 
 // Offers words to complete the one being typed: words near the caret, words
@@ -26,6 +27,8 @@ class SedGUI;
 // touches, so the work per keystroke does not grow with the document; an
 // edit too large for that, or a change it was not told about, has the index
 // built again in slices, the old words still offered until it is done.
+// The other documents' words are looked up in a sorted copy, so that opening
+// the list does not read every word of every open document.
 class SEDGUI_EXPORT WordCompleter : public QObject
 {
     Q_OBJECT
@@ -41,9 +44,9 @@ public:
     static constexpr qint64 IndexSlice = 256 * 1024;
     static constexpr qsizetype MaxIndexedWords = 200000;
 
-    // Shows the words that start with the word before the caret (explicitly:
-    // however short it is, and a single one is inserted at once). Returns how
-    // many were offered.
+    // Shows the words that start with the word before the caret in the list
+    // (explicitly: however short it is, and a single one is inserted at
+    // once). Returns how many were offered.
     int complete(bool explicitly);
 
     // The words offered for prefix, sorted, without prefix itself.
@@ -68,12 +71,20 @@ private:
     void addWord(QByteArrayView word);
     QByteArray prefixAtCaret(qint64 *caret) const;
     void addKeywords(QSet<QByteArray> *words) const;
+    // Adds the indexed words that start with prefix and are longer (sort:
+    // keeping them sorted for the next time).
+    void collect(const QByteArray &prefix, bool sort, QSet<QByteArray> *words);
 
     SedGUI *m_tool;
+    CompletionList *m_list;
     // How often each word occurs in the part of the document read so far.
     QHash<QByteArray, qint32> m_index;
     // The words of the index before it was started again, until it is complete.
     QHash<QByteArray, qint32> m_previous;
+    // The words of both, sorted, while m_sortedCurrent: until a word comes
+    // or goes.
+    QList<QByteArray> m_sorted;
+    bool m_sortedCurrent = false;
     // Where the index goes on reading; -1 before it started. It always lies
     // just after a character that is not part of a word.
     qint64 m_indexedTo = -1;

@@ -9,6 +9,7 @@
 #include "editing/editoractions.h"
 #include "editing/editorcommands.h"
 #include "editing/indentation.h"
+#include "editing/scrollwidthsteps.h"
 #include "editing/typingassist.h"
 #include "lexers/editorcolours.h"
 #include "options/editorsettings.h"
@@ -112,10 +113,12 @@ SedGUI::SedGUI(QWidget *parent)
     m_editor->setCaretLineVisible(true);
     m_editor->setBraceMatching(QsciScintilla::SloppyBraceMatch);
     m_editor->setAutoIndent(true);
-    // The horizontal scroll bar spans the widest line laid out so far, not a
-    // fixed 2000 pixels that makes every short file look scrolled sideways.
+    // The horizontal scroll bar spans the widest line laid out so far (in
+    // steps), not a fixed 2000 pixels that makes every short file look
+    // scrolled sideways.
     m_editor->SendScintilla(QsciScintillaBase::SCI_SETSCROLLWIDTHTRACKING, 1UL);
     m_editor->SendScintilla(QsciScintillaBase::SCI_SETSCROLLWIDTH, 1UL);
+    new ScrollWidthSteps(m_editor); // owned by the editor
 
     connect(m_editor, &QsciScintilla::textChanged, this, [this] { emitEditState(false); });
     connect(m_editor, &QsciScintilla::selectionChanged, this, [this] { emitEditState(false); });

@@ -1,3 +1,4 @@
+#include "editing/completionlist.h"
 #include "editing/wordcompleter.h"
 #include "sedgui.h"
 
@@ -18,6 +19,8 @@ private Q_SLOTS:
     void offers();
     void followsEdits_data();
     void followsEdits();
+    void listKeys_data();
+    void listKeys();
 };
 
 void TestWordCompleter::offers_data()
@@ -71,6 +74,10 @@ void TestWordCompleter::followsEdits_data()
                                   << "5,1,-f" << QStringList{"zebra"};
     QTest::newRow("two words joined") << "zeb ra\n"_qba
                                       << "3,1," << QStringList{"zebra"};
+    QTest::newRow("a word only added") << "zebra zebra\n"_qba
+                                       << "11,0,f" << QStringList{"zebra", "zebraf"};
+    QTest::newRow("a word only taken away") << "zebra  zebu  x\n"_qba
+                                            << "7,4," << QStringList{"zebra"};
     QTest::newRow("undone without a place") << "alpha\n"_qba
                                             << "6,0,zebrafish undo" << QStringList();
 }
@@ -87,6 +94,7 @@ void TestWordCompleter::followsEdits()
     completer->candidates("zeb"); // starts the indexes
     for (const QString &edit : edits.split(u' ')) {
         QTRY_VERIFY(other.findChild<WordCompleter *>()->isIndexed());
+        completer->candidates("zeb"); // the other's words kept sorted until this edit
         const QStringList part = edit.split(u',');
         if (edit == u"undo") {
             other.undo();
@@ -99,6 +107,67 @@ void TestWordCompleter::followsEdits()
     }
     QTRY_VERIFY(other.findChild<WordCompleter *>()->isIndexed());
     QTEST(completer->candidates("zeb"), "expected");
+}
+
+// Keys typed after the words of the first line: the list opens at the third
+// letter of a word; "complete" asks for it (Ctrl+Space).
+void TestWordCompleter::listKeys_data()
+{
+    QTest::addColumn<QStringList>("keys");
+    QTest::addColumn<QString>("typed"); // the line typed, at the end
+    QTest::addColumn<bool>("open");
+    QTest::newRow("opens at the third letter") << QStringList{"c", "o", "u"} << "cou" << true;
+    QTest::newRow("Return takes the first word")
+        << QStringList{"c", "o", "u", "Return"} << "countdown" << false;
+    QTest::newRow("Down, then Tab takes the next")
+        << QStringList{"c", "o", "u", "Down", "Tab"} << "counter" << false;
+    QTest::newRow("typing narrows, Backspace widens")
+        << QStringList{"c", "o", "u", "n", "t", "e", "Backspace", "Return"} << "countdown" << false;
+    QTest::newRow("typing narrows to the last word")
+        << QStringList{"c", "o", "u", "p", "Return"} << "coupling" << false;
+    QTest::newRow("a letter no word has closes it")
+        << QStringList{"c", "o", "u", "n", "x", "Return"} << "counx\n"
+        << false;
+    QTest::newRow("the word's end closes it")
+        << QStringList{"c", "o", "u", " ", "Return"} << "cou \n"
+        << false;
+    QTest::newRow("Escape closes it, the text kept")
+        << QStringList{"c", "o", "u", "Escape", "Return"} << "cou\n"
+        << false;
+    QTest::newRow("asked for, a single word is put in at once")
+        << QStringList{"z", "complete"} << "zebrafish" << false;
+    QTest::newRow("opened again at the next word")
+        << QStringList{"c", "o", "u", "Return", " ", "z", "e", "b", "Return"}
+        << "countdown zebrafish" << false;
+}
+
+void TestWordCompleter::listKeys()
+{
+    QFETCH(QStringList, keys);
+    QFETCH(QString, typed);
+    QFETCH(bool, open);
+    const QString words = QStringLiteral("counter countdown coupling zebrafish\n");
+    SedGUI tool;
+    QsciScintilla *editor = tool.editor();
+    editor->setText(words);
+    editor->SendScintilla(QsciScintillaBase::SCI_DOCUMENTEND);
+    const QHash<QString, Qt::Key> named = {{"Return", Qt::Key_Return},
+                                           {"Tab", Qt::Key_Tab},
+                                           {"Down", Qt::Key_Down},
+                                           {"Escape", Qt::Key_Escape},
+                                           {"Backspace", Qt::Key_Backspace}};
+    for (const QString &key : keys) {
+        if (key == u"complete")
+            tool.findChild<WordCompleter *>()->complete(true);
+        else if (named.contains(key))
+            QTest::keyClick(editor, named.value(key));
+        else
+            QTest::keyClicks(editor, key);
+    }
+    auto *list = editor->findChild<CompletionList *>();
+    QTRY_COMPARE(list->isOpen(), open);
+    QCOMPARE(editor->text().mid(words.size()), typed);
+    QCOMPARE(editor->SendScintilla(QsciScintillaBase::SCI_GETCURRENTPOS), editor->length());
 }
 
 QTEST_MAIN(TestWordCompleter)
