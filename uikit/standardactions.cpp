@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QHash>
 
 #include <array>
 
@@ -120,13 +121,22 @@ QIcon StandardActions::icon(const QString &name)
 
 QIcon StandardActions::themedIcon(const QString &iconName)
 {
+    // Made once per theme and name, and shared: every document's own actions
+    // ask for the same icons, and looking one up and reading its drawing is
+    // costly. Under another theme the lookup is made again.
+    static QHash<QString, QIcon> made;
+    const QString key = QIcon::themeName() + u'/' + iconName;
+    if (const auto found = made.constFind(key); found != made.constEnd())
+        return *found;
     const QIcon bundled(bundledIconPath(iconName));
     // Themes seldom draw "save all"; a theme's own save icon fits its look
     // better than our drawing.
-    if (iconName == QLatin1String("document-save-all"))
-        return QIcon::fromTheme(iconName,
-                                QIcon::fromTheme(QStringLiteral("document-save"), bundled));
-    return QIcon::fromTheme(iconName, bundled);
+    const QIcon icon =
+        iconName == QLatin1String("document-save-all")
+            ? QIcon::fromTheme(iconName, QIcon::fromTheme(QStringLiteral("document-save"), bundled))
+            : QIcon::fromTheme(iconName, bundled);
+    made.insert(key, icon);
+    return icon;
 }
 
 QString StandardActions::bundledIconPath(const QString &iconName)
