@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QHash>
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -86,12 +87,23 @@ const Command *find(const QString &name)
 // its preferred one (some list Ctrl+G for Find Next, which is Go To here).
 bool claimedElsewhere(const QKeySequence &key, const Command &self)
 {
-    for (const char *reserved : reservedKeys) {
-        if (key == QKeySequence(QLatin1String(reserved)))
-            return true;
-    }
-    for (const Command &c : commands) {
-        if (&c != &self && *c.preferredKey && key == QKeySequence(QLatin1String(c.preferredKey)))
+    // Parsed once: every action made asks this for each of its keys.
+    static const std::array<QKeySequence, reservedKeys.size()> reserved = [] {
+        std::array<QKeySequence, reservedKeys.size()> keys;
+        for (std::size_t i = 0; i < reservedKeys.size(); ++i)
+            keys[i] = QKeySequence(QLatin1String(reservedKeys[i]));
+        return keys;
+    }();
+    static const std::array<QKeySequence, commands.size()> preferred = [] {
+        std::array<QKeySequence, commands.size()> keys;
+        for (std::size_t i = 0; i < commands.size(); ++i)
+            keys[i] = QKeySequence(QLatin1String(commands[i].preferredKey));
+        return keys;
+    }();
+    if (std::find(reserved.cbegin(), reserved.cend(), key) != reserved.cend())
+        return true;
+    for (std::size_t i = 0; i < commands.size(); ++i) {
+        if (&commands[i] != &self && *commands[i].preferredKey && key == preferred[i])
             return true;
     }
     return false;
