@@ -14,11 +14,18 @@
 
 OptDlg::OptDlg(QList<hubAppInterface *> *tools, QWidget *parent, Qt::WindowFlags f)
     : QDialog(parent, f)
+    , tools(tools)
     , optionTree(nullptr)
     , buttonBox(nullptr)
     , pageStack(nullptr)
     , emptyPage(nullptr)
+{}
+
+void OptDlg::ensureBuilt()
 {
+    if (built)
+        return;
+    built = true;
     optionTree.setModel(new OptTreeModel(tools, nullptr));
     optionTree.header()->setVisible(false);
     optionTree.expandAll();
@@ -66,24 +73,36 @@ OptDlg::OptDlg(QList<hubAppInterface *> *tools, QWidget *parent, Qt::WindowFlags
 OptDlg::~OptDlg()
 {
     delete emptyPage;
-    // The tree view is a member and goes after this body; the model has no parent.
-    delete optionTree.model();
+    // The tree view is a member and goes after this body; the model has no
+    // parent. Before it is set the view holds a shared empty model of Qt's.
+    if (built)
+        delete optionTree.model();
+}
+
+void OptDlg::setVisible(bool visible)
+{
+    if (visible)
+        ensureBuilt();
+    QDialog::setVisible(visible);
 }
 
 void OptDlg::refreshCurrentPage()
 {
+    ensureBuilt();
     if (auto *page = qobject_cast<OptWidget *>(pageStack->currentWidget()))
         page->refreshPage();
 }
 
 void OptDlg::applyCurrentPage()
 {
+    ensureBuilt();
     if (auto *page = qobject_cast<OptWidget *>(pageStack->currentWidget()))
         page->applyPage();
 }
 
 void OptDlg::applyAll()
 {
+    ensureBuilt();
     static_cast<OptTreeModel *>(optionTree.model())->applyAll();
 }
 

@@ -30,6 +30,9 @@ public:
     // Applies every page of every tool.
     void applyAll();
 
+    // Builds the dialog's contents the first time it is shown.
+    void setVisible(bool visible) override;
+
 public slots:
     // Connected to currentChanged(current, previous): pre is the new node.
     void onItemSelChanged(const QModelIndex &pre, const QModelIndex &cur);
@@ -37,6 +40,12 @@ public slots:
     void onDefault();
 
 private:
+    // The tree, the pages and the buttons are made when first needed, not
+    // with the main window at start-up.
+    void ensureBuilt();
+
+    QList<hubAppInterface *> *tools;
+    bool built = false;
     QTreeView optionTree;
     QDialogButtonBox *buttonBox;
     QStackedWidget *pageStack;

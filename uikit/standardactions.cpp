@@ -2,7 +2,9 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QHash>
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -85,12 +87,23 @@ const Command *find(const QString &name)
 // its preferred one (some list Ctrl+G for Find Next, which is Go To here).
 bool claimedElsewhere(const QKeySequence &key, const Command &self)
 {
-    for (const char *reserved : reservedKeys) {
-        if (key == QKeySequence(QLatin1String(reserved)))
-            return true;
-    }
-    for (const Command &c : commands) {
-        if (&c != &self && *c.preferredKey && key == QKeySequence(QLatin1String(c.preferredKey)))
+    // Parsed once: every action made asks this for each of its keys.
+    static const std::array<QKeySequence, reservedKeys.size()> reserved = [] {
+        std::array<QKeySequence, reservedKeys.size()> keys;
+        for (std::size_t i = 0; i < reservedKeys.size(); ++i)
+            keys[i] = QKeySequence(QLatin1String(reservedKeys[i]));
+        return keys;
+    }();
+    static const std::array<QKeySequence, commands.size()> preferred = [] {
+        std::array<QKeySequence, commands.size()> keys;
+        for (std::size_t i = 0; i < commands.size(); ++i)
+            keys[i] = QKeySequence(QLatin1String(commands[i].preferredKey));
+        return keys;
+    }();
+    if (std::find(reserved.cbegin(), reserved.cend(), key) != reserved.cend())
+        return true;
+    for (std::size_t i = 0; i < commands.size(); ++i) {
+        if (&commands[i] != &self && *commands[i].preferredKey && key == preferred[i])
             return true;
     }
     return false;
@@ -120,13 +133,22 @@ QIcon StandardActions::icon(const QString &name)
 
 QIcon StandardActions::themedIcon(const QString &iconName)
 {
+    // Made once per theme and name, and shared: every document's own actions
+    // ask for the same icons, and looking one up and reading its drawing is
+    // costly. Under another theme the lookup is made again.
+    static QHash<QString, QIcon> made;
+    const QString key = QIcon::themeName() + u'/' + iconName;
+    if (const auto found = made.constFind(key); found != made.constEnd())
+        return *found;
     const QIcon bundled(bundledIconPath(iconName));
     // Themes seldom draw "save all"; a theme's own save icon fits its look
     // better than our drawing.
-    if (iconName == QLatin1String("document-save-all"))
-        return QIcon::fromTheme(iconName,
-                                QIcon::fromTheme(QStringLiteral("document-save"), bundled));
-    return QIcon::fromTheme(iconName, bundled);
+    const QIcon icon =
+        iconName == QLatin1String("document-save-all")
+            ? QIcon::fromTheme(iconName, QIcon::fromTheme(QStringLiteral("document-save"), bundled))
+            : QIcon::fromTheme(iconName, bundled);
+    made.insert(key, icon);
+    return icon;
 }
 
 QString StandardActions::bundledIconPath(const QString &iconName)

@@ -209,6 +209,10 @@ private:
     Q_INVOKABLE QVariantMap documentText() const;
     Q_INVOKABLE bool replaceRanges(const QVariantList &ranges);
     Q_INVOKABLE bool selectSpan(int line, int column, int length);
+    // Start-up cost (tool/sedgui_view.cpp): the stored settings are read once
+    // for a new document; with newDocument they also give its default
+    // encoding and line ending.
+    void applySettings(bool newDocument);
 };
 
 } // namespace koru::sedgui

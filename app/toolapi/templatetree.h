@@ -2,8 +2,12 @@
 
 #include "sedguiexport.h"
 
+#include <QHash>
 #include <QList>
 #include <QObject>
+#include <QString>
+
+#include <utility>
 
 class QFileSystemWatcher;
 class QWidget;
@@ -51,6 +55,11 @@ private:
     QList<SedGUI *> m_documents;
     QFileSystemWatcher *m_watcher = nullptr;
     bool m_checking = false;
+    // Lookups by file: the resolved name of each document's file, kept with
+    // the name it was resolved from, as resolving costs system calls per
+    // directory of the name, for every open document at every lookup.
+    QString documentKey(const SedGUI *document) const;
+    mutable QHash<const SedGUI *, std::pair<QString, QString>> m_keys;
 };
 
 } // namespace koru::sedgui

@@ -143,7 +143,18 @@ ColourScheme::Role LexerStyleRoles::role(const QsciLexer &lexer, int style)
         if (styles != s_styles().constEnd() && styles->contains(style))
             return styles->value(style);
     }
-    return roleOfDescription(englishDescription(lexer, style));
+    // Reading a description in English and matching its words costs more
+    // than the rest of colouring a new document: each kind of lexer is read
+    // once. Its class, language and lexer name tell the kinds apart.
+    static QHash<QByteArray, QHash<int, Role>> read;
+    const QByteArray kind = QByteArray(lexer.metaObject()->className()) + '/' + lexer.language() +
+                            '/' + QByteArray(name ? name : "");
+    QHash<int, Role> &roles = read[kind];
+    if (const auto found = roles.constFind(style); found != roles.constEnd())
+        return *found;
+    const Role found = roleOfDescription(englishDescription(lexer, style));
+    roles.insert(style, found);
+    return found;
 }
 
 } // namespace koru::sedgui

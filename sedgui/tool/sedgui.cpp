@@ -12,7 +12,6 @@
 #include "editing/scrollwidthsteps.h"
 #include "editing/typingassist.h"
 #include "lexers/editorcolours.h"
-#include "options/editorsettings.h"
 #include "session/closebatch.h"
 #include "templatetree.h"
 #include "tool/binarylock.h"
@@ -96,16 +95,10 @@ SedGUI::SedGUI(QWidget *parent)
     setFocusProxy(m_editor);
 
     m_doc->untitledNumber = freeUntitledNumber();
-    const EditorSettings::Values settings = EditorSettings::load();
-    m_doc->format.encoding = settings.defaultEncoding;
-    m_doc->format.lineEnding = settings.defaultLineEnding;
 
     // The buffer holds UTF-8 bytes whatever the file's encoding (the codec
     // converts on load and save); invalid bytes and NULs are kept as they are.
     m_editor->setUtf8(true);
-    m_editor->setEolMode(settings.defaultLineEnding == LineEnding::CRLF ? QsciScintilla::EolWindows
-                         : settings.defaultLineEnding == LineEnding::CR ? QsciScintilla::EolMac
-                                                                        : QsciScintilla::EolUnix);
     // Defaults that hold until the stored settings are applied below.
     m_editor->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     m_editor->setMarginLineNumbers(0, true);
@@ -193,7 +186,7 @@ SedGUI::SedGUI(QWidget *parent)
     m_typing = new TypingAssist(m_editor, this);
     new ChangeRelay(m_editor); // owned by the editor
     m_colours = new EditorColours(m_editor, this);
-    applySettings();
+    applySettings(true);
     m_statusStrip = new StatusStrip(
         this, findChild<EditorActions *>(QString(), Qt::FindDirectChildrenOnly), m_indentation);
     layout->addWidget(m_statusStrip);

@@ -5,6 +5,7 @@
 #include "lexers/editorcolours.h"
 #include "options/editorsettings.h"
 #include "sedgui.h"
+#include "tool/documentstate.h"
 #include "window/drophandler.h"
 
 #include <Qsci/qscilexer.h>
@@ -53,8 +54,20 @@ QList<QAction *> *SedGUI::getMenuActions(int menuKind)
 
 void SedGUI::applySettings()
 {
+    applySettings(false);
+}
+
+void SedGUI::applySettings(bool newDocument)
+{
     const EditorSettings::Values values = EditorSettings::load();
     QsciScintilla *editor = m_editor;
+    if (newDocument) {
+        m_doc->format.encoding = values.defaultEncoding;
+        m_doc->format.lineEnding = values.defaultLineEnding;
+        editor->setEolMode(values.defaultLineEnding == LineEnding::CRLF ? QsciScintilla::EolWindows
+                           : values.defaultLineEnding == LineEnding::CR ? QsciScintilla::EolMac
+                                                                        : QsciScintilla::EolUnix);
+    }
 
     applyFont(editor, values.font);
     m_indentation->setSettings(!values.indentWithSpaces, values.tabWidth, values.indentWidth);

@@ -13,13 +13,15 @@ namespace koru::sedgui {
 namespace {
 
 // Two names of the same file compare equal: symlinks and "..", resolved
-// where the file exists.
-QString fileKey(const QString &path)
+// where the file exists. *resolved tells whether they were.
+QString fileKey(const QString &path, bool *resolved = nullptr)
 {
     // A name Qt cannot reach (FileNameEscape) is compared as written.
     const QFileInfo info(path);
     const QString canonical =
         FileNameEscape::hasEscapes(path) ? QString() : info.canonicalFilePath();
+    if (resolved)
+        *resolved = !canonical.isEmpty();
     return canonical.isEmpty() ? QDir::cleanPath(info.absoluteFilePath()) : canonical;
 }
 
@@ -63,6 +65,7 @@ void TemplateTree::addDocument(SedGUI *document)
 void TemplateTree::removeDocument(SedGUI *document)
 {
     m_documents.removeAll(document);
+    m_keys.remove(document);
     dropUnusedWatches();
 }
 
@@ -72,11 +75,29 @@ SedGUI *TemplateTree::findDocument(const QString &path) const
         return nullptr;
     const QString key = fileKey(path);
     for (SedGUI *document : m_documents) {
-        const QString fileName = document->getFileName();
-        if (!fileName.isEmpty() && fileKey(fileName) == key)
+        if (documentKey(document) == key)
             return document;
     }
     return nullptr;
+}
+
+QString TemplateTree::documentKey(const SedGUI *document) const
+{
+    const QString fileName = document->getFileName();
+    if (fileName.isEmpty())
+        return QString();
+    const auto known = m_keys.constFind(document);
+    if (known != m_keys.constEnd() && known->first == fileName)
+        return known->second;
+    // Kept once resolved only: a file not there yet may be created through
+    // a symlinked folder.
+    bool resolved = false;
+    const QString key = fileKey(fileName, &resolved);
+    if (resolved)
+        m_keys.insert(document, {fileName, key});
+    else
+        m_keys.remove(document);
+    return key;
 }
 
 void TemplateTree::watchFile(const QString &path)
@@ -106,7 +127,7 @@ void TemplateTree::onFileChanged(const QString &path)
     watchFile(path);
     const QString key = fileKey(path);
     for (SedGUI *document : std::as_const(m_documents)) {
-        if (!document->getFileName().isEmpty() && fileKey(document->getFileName()) == key)
+        if (documentKey(document) == key)
             document->noteDiskChange();
     }
 }
