@@ -80,11 +80,20 @@ void TabKeeper::onCurrentChanged()
         m_recent.removeAll(current);
         m_recent.prepend(current);
     }
-    relabel();
+    relabelSoon();
+}
+
+void TabKeeper::relabelSoon()
+{
+    if (m_relabelPosted)
+        return;
+    m_relabelPosted = true;
+    QMetaObject::invokeMethod(this, &TabKeeper::relabel, Qt::QueuedConnection);
 }
 
 void TabKeeper::relabel()
 {
+    m_relabelPosted = false;
     if (!m_tabs)
         return;
     QStringList paths;
@@ -98,10 +107,9 @@ void TabKeeper::relabel()
         if (!document)
             continue;
         // Seen once per document: its title changes and its end relabel the tabs.
-        connect(document, &HubGUITool::sigTitleChange, this, &TabKeeper::relabel,
+        connect(document, &HubGUITool::sigTitleChange, this, &TabKeeper::relabelSoon,
                 Qt::UniqueConnection);
-        connect(document, &QObject::destroyed, this, &TabKeeper::relabel,
-                Qt::ConnectionType(Qt::UniqueConnection | Qt::QueuedConnection));
+        connect(document, &QObject::destroyed, this, &TabKeeper::relabelSoon, Qt::UniqueConnection);
         QString text;
         QString tip;
         if (paths.at(i).isEmpty()) {

@@ -42,6 +42,9 @@ protected:
 
 private:
     void createActions();
+    // Relabels once when control returns to the event loop, before the next
+    // paint: opening 20 files changes titles and the current tab many times.
+    void relabelSoon();
     void onCurrentChanged();
     void stepBy(int step);
     void stepRecent(int step);
@@ -57,6 +60,7 @@ private:
     // While Ctrl+Tab is held: the order at its first press and where it is.
     QList<QPointer<QWidget>> m_stepOrder;
     qsizetype m_stepAt = -1;
+    bool m_relabelPosted = false;
 };
 
 } // namespace koru::sedgui
