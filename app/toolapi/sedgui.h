@@ -13,6 +13,7 @@ class QsciScintilla;
 namespace koru::sedgui {
 
 class BinaryLock;
+class ChangeSerial;
 class DocumentJournal;
 struct DocumentState;
 class EditorColours;
@@ -209,6 +210,10 @@ private:
     Q_INVOKABLE QVariantMap documentText() const;
     Q_INVOKABLE bool replaceRanges(const QVariantList &ranges);
     Q_INVOKABLE bool selectSpan(int line, int column, int length);
+    // Replace in files: changeSerial() differs from what documentText() gave
+    // ("serial") once the text has changed since (editing/changeserial.h).
+    ChangeSerial *m_changeSerial = nullptr;
+    Q_INVOKABLE qint64 changeSerial() const;
 };
 
 } // namespace koru::sedgui

@@ -23,7 +23,10 @@ private slots:
         QTest::addColumn<QByteArray>("bytes");
         QTest::addColumn<QString>("text"); // a leading '~' makes it a regular expression
         QTest::addColumn<QString>("replacement");
-        QTest::addColumn<QString>("setup");       // open, changed (after the preview), unchecked
+        // open, changed (on disk, after the preview), changed in the editor (far
+        // in the open document, after the preview), undone (the unsaved edit,
+        // after the preview), unchecked
+        QTest::addColumn<QString>("setup");
         QTest::addColumn<QByteArray>("expected"); // on disk afterwards
         QTest::addColumn<int>("replacements");
         // Enough accented text for the detector to settle on the legacy encoding.
@@ -48,6 +51,13 @@ private slots:
         QTest::newRow("changed after the preview")
             << QByteArray("foo\n") << u"foo"_s << u"bar"_s << u"changed"_s
             << QByteArray("foo, changed\n") << 0;
+        // The edits the editor reports in different ways: each must stop the replace.
+        const QByteArray large = "foo\n" + QByteArray(70000, 'a') + '\n';
+        QTest::newRow("open, changed far in, after the preview")
+            << large << u"foo"_s << u"bar"_s << u"changed in the editor"_s << large << 0;
+        QTest::newRow("open, undone after the preview")
+            << QByteArray("foo\n") << u"foo"_s << u"bar"_s << u"undone"_s << QByteArray("foo\n")
+            << 0;
         QTest::newRow("unchecked") << QByteArray("foo\n") << u"foo"_s << u"bar"_s << u"unchecked"_s
                                    << QByteArray("foo\n") << 0;
     }
@@ -70,8 +80,10 @@ private slots:
         auto *tool = new koru::sedgui::SedGUI;
         tabs->addTab(tool, u"tool"_s);
         QString error;
-        if (setup == u"open") {
+        const bool open = setup == u"open" || setup == u"undone";
+        if (open || setup == u"changed in the editor")
             QVERIFY(tool->openFile(path, &error));
+        if (open) {
             tool->editor()->insertAt(u"foo "_s, 0, 0); // an unsaved edit
         }
 
@@ -98,6 +110,14 @@ private slots:
             writeFile(path, expected);
         if (setup == u"unchecked")
             plan.first().changes.first().checked = false;
+        if (setup == u"changed in the editor") {
+            tool->editor()->append(u"x"_s);
+            // Seen at once, before the editor's deferred report of the change.
+            QVERIFY(OpenDocuments::serial(tool) != plan.first().serial);
+        }
+        if (setup == u"undone")
+            tool->undo();
+        const bool changed = setup.startsWith(u"changed") || setup == u"undone";
         ReplaceSummary summary;
         bool applied = false;
         connect(&runner, &ReplaceRunner::applied, this, [&](const ReplaceSummary &done, bool) {
@@ -107,7 +127,7 @@ private slots:
         runner.apply(plan);
         QTRY_VERIFY(applied);
         QCOMPARE(summary.replacements, replacements);
-        QCOMPARE(summary.changedSincePreview.size(), setup == u"changed" ? 1 : 0);
+        QCOMPARE(summary.changedSincePreview.size(), changed ? 1 : 0);
         QVERIFY(summary.failed.isEmpty());
 
         QFile file(path);
