@@ -1,4 +1,5 @@
 #include "opendocuments.h"
+#include "replacepreviewmodel.h"
 #include "replacerunner.h"
 #include "sedgui.h"
 #include "writefile.h"
@@ -18,6 +19,56 @@ class TestReplaceInFiles : public QObject
     Q_OBJECT
 
 private slots:
+    // Clicks on the preview's check boxes ("f1": file 1's, "f0c2": file 0's
+    // third change's) and the checks the replace then gets, and each file's box.
+    void previewGivesExactlyTheCheckedChanges_data()
+    {
+        QTest::addColumn<QStringList>("clicks");
+        QTest::addColumn<QString>("checks");
+        QTest::addColumn<QString>("fileBoxes"); // Checked, Unchecked, Partly
+        QTest::newRow("as planned") << QStringList() << u"111|11"_s << u"CC"_s;
+        QTest::newRow("a change") << QStringList{u"f0c1"_s} << u"101|11"_s << u"PC"_s;
+        QTest::newRow("a file") << QStringList{u"f1"_s} << u"111|00"_s << u"CU"_s;
+        QTest::newRow("a partly checked file, checked")
+            << QStringList{u"f0c1"_s, u"f0"_s} << u"111|11"_s << u"CC"_s;
+        QTest::newRow("every change of a file")
+            << QStringList{u"f1c0"_s, u"f1c1"_s} << u"111|00"_s << u"CU"_s;
+        QTest::newRow("an unchecked file, one change back")
+            << QStringList{u"f0"_s, u"f0c2"_s} << u"001|11"_s << u"PC"_s;
+    }
+    void previewGivesExactlyTheCheckedChanges()
+    {
+        QFETCH(QStringList, clicks);
+        QFETCH(QString, checks);
+        QFETCH(QString, fileBoxes);
+        QList<ReplaceFile> plan(2);
+        plan[0].changes.resize(3);
+        plan[1].changes.resize(2);
+        ReplacePreviewModel model(plan);
+        for (const QString &click : clicks) {
+            const int file = click.mid(1, 1).toInt();
+            const int change = click.size() > 2 ? click.mid(3).toInt() : -1;
+            const QModelIndex box = model.index(model.fileRow(file) + 1 + change, 0);
+            // What a click on the box does.
+            const bool checked =
+                box.data(Qt::CheckStateRole).value<Qt::CheckState>() == Qt::Checked;
+            QVERIFY(model.setData(box, checked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole));
+        }
+        QString got;
+        QString boxes;
+        for (const ReplaceFile &file : model.plan()) {
+            for (const ReplaceChange &change : file.changes)
+                got += change.checked ? u'1' : u'0';
+            got += u'|';
+            const auto state = model.index(model.fileRow(boxes.size()), 0)
+                                   .data(Qt::CheckStateRole)
+                                   .value<Qt::CheckState>();
+            boxes += state == Qt::Checked ? u'C' : state == Qt::Unchecked ? u'U' : u'P';
+        }
+        got.chop(1);
+        QCOMPARE(got, checks);
+        QCOMPARE(boxes, fileBoxes);
+    }
     void replaceKeepsTheRestOfEachFile_data()
     {
         QTest::addColumn<QByteArray>("bytes");
