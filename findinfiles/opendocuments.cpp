@@ -53,7 +53,18 @@ bool OpenDocuments::read(QWidget *tool, Document *document)
     document->file = parts.value(QStringLiteral("file")).toString();
     document->name = parts.value(QStringLiteral("name")).toString();
     document->text = parts.value(QStringLiteral("text")).toByteArray();
+    document->serial = parts.value(QStringLiteral("serial"), qint64(-1)).toLongLong();
     return true;
+}
+
+qint64 OpenDocuments::serial(QWidget *tool)
+{
+    qint64 serial = -1;
+    if (!tool || tool->metaObject()->indexOfMethod("changeSerial()") < 0 ||
+        !QMetaObject::invokeMethod(tool, "changeSerial", Qt::DirectConnection,
+                                   Q_RETURN_ARG(qint64, serial)))
+        return -1;
+    return serial;
 }
 
 const OpenDocuments::Document *OpenDocuments::findFile(const QList<Document> &docs,

@@ -25,8 +25,9 @@ struct ReplaceChange
 
 // The replacements in one file or open document. A document open in the
 // editor is changed in its buffer (document is its tool); any other file is
-// rewritten on disk. fingerprint identifies the bytes the changes were found
-// in (the file's, or the buffer's), so that a text changed since is skipped.
+// rewritten on disk. fingerprint identifies the bytes of a file the changes
+// were found in, serial the state of a document's buffer, so that a text
+// changed since is skipped.
 struct ReplaceFile
 {
     QString path;      // empty for an untitled document
@@ -34,6 +35,7 @@ struct ReplaceFile
     bool inEditor = false;
     QPointer<QObject> document; // the tool, while it is open
     QByteArray fingerprint;
+    qint64 serial = -1;
     QList<ReplaceChange> changes;
 
     qsizetype checkedChanges() const

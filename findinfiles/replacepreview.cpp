@@ -1,30 +1,18 @@
 #include "replacepreview.h"
 
-#include "filenameescape.h"
-#include "hitformatter.h"
+#include "replacepreviewmodel.h"
 
 #include <QDialogButtonBox>
-#include <QDir>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
-#include <QTreeWidget>
+#include <QTableView>
 #include <QVBoxLayout>
-
-namespace {
-
-QString changesText(qsizetype count)
-{
-    return count == 1 ? ReplacePreview::tr("1 change")
-                      : ReplacePreview::tr("%1 changes").arg(count);
-}
-
-} // namespace
 
 ReplacePreview::ReplacePreview(const QList<ReplaceFile> &plan, const QString &heading,
                                QWidget *parent)
     : QDialog(parent)
-    , m_plan(plan)
+    , m_model(new ReplacePreviewModel(plan, this))
 {
     setWindowTitle(tr("Replace in Files"));
     setObjectName(QStringLiteral("ReplacePreview"));
@@ -32,47 +20,39 @@ ReplacePreview::ReplacePreview(const QList<ReplaceFile> &plan, const QString &he
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
 
-    m_tree = new QTreeWidget(this);
-    m_tree->setHeaderLabels({tr("Line"), tr("Now"), tr("After the replace")});
-    m_tree->setUniformRowHeights(true);
-    m_tree->setRootIsDecorated(true);
-    qsizetype total = 0;
-    for (const ReplaceFile &file : m_plan) {
-        auto *fileItem = new QTreeWidgetItem(m_tree);
-        QString name = QDir::toNativeSeparators(file.shownName);
-        if (file.document)
-            name = tr("%1 (open: changed in the editor, not saved)").arg(name);
-        fileItem->setText(0, name + QStringLiteral(" - ") + changesText(file.changes.size()));
-        fileItem->setFlags(fileItem->flags() | Qt::ItemIsUserCheckable | Qt::ItemIsAutoTristate);
-        // The file's name over the whole row: the columns are the changes'.
-        fileItem->setFirstColumnSpanned(true);
-        for (const ReplaceChange &change : file.changes) {
-            auto *item = new QTreeWidgetItem(fileItem);
-            item->setText(0, QString::number(change.line));
-            item->setText(1, HitFormatter::displayText(change.before, change.column));
-            item->setText(2, HitFormatter::displayText(change.after, change.column));
-            item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
-            item->setCheckState(0, change.checked ? Qt::Checked : Qt::Unchecked);
-        }
-        total += file.changes.size();
-    }
-    m_tree->expandAll();
-    m_tree->setColumnWidth(0, 120);
-    m_tree->header()->setStretchLastSection(false);
-    m_tree->header()->setSectionResizeMode(1, QHeaderView::Stretch);
-    m_tree->header()->setSectionResizeMode(2, QHeaderView::Stretch);
+    m_table = new QTableView(this);
+    // Rows of one height, set before the rows come: the view places them
+    // without measuring each, and makes only those it shows.
+    m_table->verticalHeader()->hide();
+    m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + 6);
+    m_table->setModel(m_model);
+    m_table->setShowGrid(false);
+    m_table->setWordWrap(false);
+    m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    // The file's name over the whole row: the columns are the changes'.
+    for (qsizetype file = 0; file < m_model->fileCount(); ++file)
+        m_table->setSpan(m_model->fileRow(file), 0, 1, ReplacePreviewModel::ColumnCount);
+    m_table->setColumnWidth(ReplacePreviewModel::LineColumn, 120);
+    m_table->horizontalHeader()->setStretchLastSection(false);
+    m_table->horizontalHeader()->setSectionResizeMode(ReplacePreviewModel::BeforeColumn,
+                                                      QHeaderView::Stretch);
+    m_table->horizontalHeader()->setSectionResizeMode(ReplacePreviewModel::AfterColumn,
+                                                      QHeaderView::Stretch);
 
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, this);
     QPushButton *replace = buttons->addButton(tr("&Replace"), QDialogButtonBox::AcceptRole);
     replace->setDefault(true);
-    const QString files =
-        m_plan.size() == 1 ? tr("in 1 file") : tr("in %1 files").arg(m_plan.size());
-    auto *count = new QLabel(
-        tr("%1 %2; uncheck what must stay as it is.").arg(changesText(total), files), this);
+    const qsizetype files = m_model->fileCount();
+    const QString where = files == 1 ? tr("in 1 file") : tr("in %1 files").arg(files);
+    auto *count =
+        new QLabel(tr("%1 %2; uncheck what must stay as it is.")
+                       .arg(ReplacePreviewModel::changesText(m_model->changeCount()), where),
+                   this);
 
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(label);
-    layout->addWidget(m_tree, 1);
+    layout->addWidget(m_table, 1);
     layout->addWidget(count);
     layout->addWidget(buttons);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
@@ -82,12 +62,5 @@ ReplacePreview::ReplacePreview(const QList<ReplaceFile> &plan, const QString &he
 
 QList<ReplaceFile> ReplacePreview::plan() const
 {
-    QList<ReplaceFile> result = m_plan;
-    for (int i = 0; i < result.size(); ++i) {
-        const QTreeWidgetItem *fileItem = m_tree->topLevelItem(i);
-        QList<ReplaceChange> &changes = result[i].changes;
-        for (int j = 0; j < changes.size(); ++j)
-            changes[j].checked = fileItem->child(j)->checkState(0) == Qt::Checked;
-    }
-    return result;
+    return m_model->plan();
 }

@@ -4,7 +4,8 @@
 
 #include <QDialog>
 
-class QTreeWidget;
+class QTableView;
+class ReplacePreviewModel;
 
 // Lists every change a replace in files would make, by file: the line, the
 // line as it is and as it would be. Each file and each change has a check
@@ -22,6 +23,6 @@ public:
     QList<ReplaceFile> plan() const;
 
 private:
-    QList<ReplaceFile> m_plan;
-    QTreeWidget *m_tree = nullptr;
+    ReplacePreviewModel *m_model = nullptr;
+    QTableView *m_table = nullptr;
 };

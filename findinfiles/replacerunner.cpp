@@ -4,7 +4,6 @@
 #include "filewalker.h"
 #include "replaceplanner.h"
 
-#include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -51,12 +50,11 @@ struct ReplaceRunner::Run
     QList<ReplaceFile> plan;
     QList<qsizetype> docIndex;
 
-    // GUI thread only. The document being planned, how far, and the digest
-    // of its text up to there.
+    // GUI thread only. The document being planned and how far.
     std::optional<ReplacePlanner> planner;
     OpenDocuments::Document current;
+    bool reading = false;
     qsizetype scanned = 0;
-    std::optional<QCryptographicHash> digest;
     bool applying = false;
     qsizetype next = 0;
     ReplaceSummary summary;
@@ -174,7 +172,7 @@ void ReplaceRunner::planDocuments(const std::shared_ptr<Run> &run)
             continue;
         }
         ReplaceFile &file = run->plan[run->next];
-        if (!run->digest) {
+        if (!run->reading) {
             // Read now, not when the plan started: the user may have typed since.
             if (!OpenDocuments::read(run->docs.at(index).tool, &run->current)) {
                 ++run->next;
@@ -184,21 +182,21 @@ void ReplaceRunner::planDocuments(const std::shared_ptr<Run> &run)
             file.shownName = run->current.shownName();
             file.inEditor = true;
             file.document = run->current.tool.data();
+            // What the text was read at: a change since makes the apply skip it.
+            file.serial = run->current.serial;
             run->scanned = 0;
-            run->digest.emplace(ReplacePlanner::FingerprintAlgorithm);
+            run->reading = true;
         }
         // A large document is gone through a slice per step.
         const QByteArrayView text = run->current.text;
         const qsizetype from = run->scanned;
         run->scanned = std::min(text.size(), from + SliceBytes);
-        run->digest->addData(text.sliced(from, run->scanned - from));
         const qsizetype before = file.changes.size();
         const bool done = run->planner->appendChanges(text, run->scanned, &file.changes) &&
                           run->scanned == text.size();
         run->changes += file.changes.size() - before;
         if (done) {
-            file.fingerprint = run->digest->result();
-            run->digest.reset();
+            run->reading = false;
             run->current = OpenDocuments::Document();
             ++run->next;
         }
@@ -307,10 +305,10 @@ void ReplaceRunner::applyFile(const ReplaceFile &file, ReplaceSummary *summary)
         return;
     const QString name = QDir::toNativeSeparators(file.shownName);
     if (file.inEditor) {
+        // The buffer's serial, not its text, tells whether it changed: a
+        // copy and digest of a large document would hold up the window.
         auto *tool = qobject_cast<QWidget *>(file.document.data());
-        OpenDocuments::Document now;
-        if (!OpenDocuments::read(tool, &now) ||
-            ReplacePlanner::fingerprint(now.text) != file.fingerprint) {
+        if (file.serial < 0 || OpenDocuments::serial(tool) != file.serial) {
             summary->changedSincePreview.append(name);
             return;
         }

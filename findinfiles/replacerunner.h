@@ -18,7 +18,8 @@
 // own, the way SearchEngine searches; a file open in the editor is planned on
 // its buffer instead, on the GUI thread once the walk is done, one document
 // per turn of the event loop. The plan keeps, per change, only the line the
-// preview shows, and per file a digest of the bytes it was found in.
+// preview shows, and per file a digest of the bytes it was found in (for an
+// open document, the change serial its buffer had).
 //
 // Making the changes writes the files on disk on the worker, through the
 // editor's safe save (each waits for the disk), while the open documents are

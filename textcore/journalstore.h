@@ -23,6 +23,9 @@ namespace koru::sedgui {
 // renamed over the old one) and nothing in the folder is followed if it is a
 // link. write() and remove() may run on a worker thread while list() runs on
 // another; list() and the claims it takes belong to one thread.
+// keepOriginal(), dropOriginal(), noteTemporary() and dropTemporary() may run
+// on any thread, several at once: each reads only what the constructor set and
+// makes or removes files of names no other call uses.
 class JournalStore
 {
     Q_DECLARE_TR_FUNCTIONS(koru::sedgui::JournalStore)

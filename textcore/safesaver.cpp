@@ -9,11 +9,14 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QRandomGenerator>
+#include <QScopeGuard>
 
 #include <cerrno>
 #include <climits>
 #include <cstring>
 #include <fcntl.h>
+#include <memory>
+#include <mutex>
 #include <sys/stat.h>
 #include <sys/xattr.h>
 #include <unistd.h>
@@ -32,10 +35,18 @@ QString cannotSave(const QString &path, const QString &reason)
     return tr("Cannot save %1: %2").arg(path, reason);
 }
 
-SafeSaver::OriginalKeeper &originalKeeper()
+// Saves run on more than one thread (the editor's, a replace in files'
+// worker) while the keeper may be set: each save takes the keeper of the
+// moment once, under a lock, and uses that one to its end. The keeper's
+// functions must be safe to call from several threads at once.
+std::mutex keeperMutex;
+std::shared_ptr<const SafeSaver::OriginalKeeper> installedKeeper =
+    std::make_shared<const SafeSaver::OriginalKeeper>();
+thread_local const SafeSaver::OriginalKeeper *keeperInUse = nullptr;
+
+const SafeSaver::OriginalKeeper &originalKeeper()
 {
-    static SafeSaver::OriginalKeeper keeper;
-    return keeper;
+    return *keeperInUse;
 }
 
 // A new, exclusively created file next to `target` (or in `dir`), named
@@ -272,11 +283,20 @@ bool saveInPlace(const QString &path, const QByteArray &target, const QByteArray
 
 void SafeSaver::setOriginalKeeper(const OriginalKeeper &keeper)
 {
-    originalKeeper() = keeper;
+    auto installed = std::make_shared<const OriginalKeeper>(keeper);
+    const std::lock_guard lock(keeperMutex);
+    installedKeeper.swap(installed);
 }
 
 bool SafeSaver::save(const QString &path, const QByteArray &bytes, QString *error)
 {
+    std::shared_ptr<const OriginalKeeper> keeper;
+    {
+        const std::lock_guard lock(keeperMutex);
+        keeper = installedKeeper;
+    }
+    keeperInUse = keeper.get();
+    const auto done = qScopeGuard([] { keeperInUse = nullptr; });
     QByteArray target;
     if (!resolveLinks(path, &target)) {
         *error = cannotSave(path, PosixFile::errorText(errno));

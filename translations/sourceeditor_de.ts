@@ -507,6 +507,25 @@
         <translation>In Dateien ersetzen</translation>
     </message>
     <message>
+        <source>&amp;Replace</source>
+        <translation>&amp;Ersetzen</translation>
+    </message>
+    <message>
+        <source>in 1 file</source>
+        <translation>in 1 Datei</translation>
+    </message>
+    <message>
+        <source>in %1 files</source>
+        <translation>in %1 Dateien</translation>
+    </message>
+    <message>
+        <source>%1 %2; uncheck what must stay as it is.</source>
+        <translation>%1 %2; nehmen Sie das Häkchen weg, wo nichts geändert werden soll.</translation>
+    </message>
+</context>
+<context>
+    <name>ReplacePreviewModel</name>
+    <message>
         <source>Line</source>
         <translation>Zeile</translation>
     </message>
@@ -523,28 +542,12 @@
         <translation>%1 (geöffnet: wird im Editor geändert, nicht gespeichert)</translation>
     </message>
     <message>
-        <source>&amp;Replace</source>
-        <translation>&amp;Ersetzen</translation>
-    </message>
-    <message>
         <source>1 change</source>
         <translation>1 Änderung</translation>
     </message>
     <message>
         <source>%1 changes</source>
         <translation>%1 Änderungen</translation>
-    </message>
-    <message>
-        <source>in 1 file</source>
-        <translation>in 1 Datei</translation>
-    </message>
-    <message>
-        <source>in %1 files</source>
-        <translation>in %1 Dateien</translation>
-    </message>
-    <message>
-        <source>%1 %2; uncheck what must stay as it is.</source>
-        <translation>%1 %2; nehmen Sie das Häkchen weg, wo nichts geändert werden soll.</translation>
     </message>
 </context>
 <context>

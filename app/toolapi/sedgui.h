@@ -13,6 +13,7 @@ class QsciScintilla;
 namespace koru::sedgui {
 
 class BinaryLock;
+class ChangeSerial;
 class DocumentJournal;
 struct DocumentState;
 class EditorColours;
@@ -213,6 +214,10 @@ private:
     // for a new document; with newDocument they also give its default
     // encoding and line ending.
     void applySettings(bool newDocument);
+    // Replace in files: changeSerial() differs from what documentText() gave
+    // ("serial") once the text has changed since (editing/changeserial.h).
+    ChangeSerial *m_changeSerial = nullptr;
+    Q_INVOKABLE qint64 changeSerial() const;
 };
 
 } // namespace koru::sedgui

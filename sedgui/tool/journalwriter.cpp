@@ -25,23 +25,24 @@ JournalWriter *JournalWriter::instance()
 }
 
 JournalWriter::JournalWriter()
-    : m_store(std::make_unique<JournalStore>())
+    : m_store(std::make_shared<JournalStore>())
 {
     if (!m_store->isReady())
         qWarning().noquote() << m_store->error();
     else
         // An in-place save's copy of the original lives with the journals, so
-        // that the next start can undo a save cut short.
+        // that the next start can undo a save cut short. Saves call these from
+        // any thread (a replace in files saves on its worker).
         SafeSaver::setOriginalKeeper(
-            {[store = m_store.get()](const QString &target, const QByteArray &original,
-                                     const QByteArray &replacement) {
+            {[store = m_store](const QString &target, const QByteArray &original,
+                               const QByteArray &replacement) {
                  return store->keepOriginal(target, original, replacement);
              },
-             [store = m_store.get()](const QString &copy) { store->dropOriginal(copy); },
-             [store = m_store.get()](const QString &temporary) {
+             [store = m_store](const QString &copy) { store->dropOriginal(copy); },
+             [store = m_store](const QString &temporary) {
                  return store->noteTemporary(temporary);
              },
-             [store = m_store.get()](const QString &record) { store->dropTemporary(record); }});
+             [store = m_store](const QString &record) { store->dropTemporary(record); }});
     m_thread = std::thread([this] { run(); });
 }
 

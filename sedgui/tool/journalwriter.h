@@ -44,7 +44,9 @@ private:
     void run();
 
     struct Job;
-    std::unique_ptr<JournalStore> m_store;
+    // Shared with the safe saver's keeper: a save on another thread that took
+    // the keeper before this writer went keeps the store until it ends.
+    std::shared_ptr<JournalStore> m_store;
     std::mutex m_mutex;
     std::condition_variable m_changed;
     QHash<QByteArray, std::shared_ptr<Job>> m_pending;

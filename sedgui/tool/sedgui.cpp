@@ -6,6 +6,7 @@
 #include "dialogs/userprompt.h"
 #include "displayname.h"
 #include "editing/changerelay.h"
+#include "editing/changeserial.h"
 #include "editing/editoractions.h"
 #include "editing/editorcommands.h"
 #include "editing/indentation.h"
@@ -185,6 +186,7 @@ SedGUI::SedGUI(QWidget *parent)
     m_indentation = new Indentation(m_editor, this);
     m_typing = new TypingAssist(m_editor, this);
     new ChangeRelay(m_editor); // owned by the editor
+    m_changeSerial = new ChangeSerial(m_editor);
     m_colours = new EditorColours(m_editor, this);
     applySettings(true);
     m_statusStrip = new StatusStrip(

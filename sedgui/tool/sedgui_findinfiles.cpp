@@ -1,4 +1,6 @@
+#include "editing/changeserial.h"
 #include "editing/scintillacalls.h"
+#include "editing/textsearcher.h"
 #include "sedgui.h"
 #include "tool/documentstate.h"
 
@@ -17,7 +19,13 @@ QVariantMap SedGUI::documentText() const
     const QByteArrayView text = scintilla::buffer(m_editor);
     return {{QStringLiteral("text"), QByteArray(text.data(), text.size())},
             {QStringLiteral("file"), m_doc->filePath},
-            {QStringLiteral("name"), name}};
+            {QStringLiteral("name"), name},
+            {QStringLiteral("serial"), m_changeSerial->value()}};
+}
+
+qint64 SedGUI::changeSerial() const
+{
+    return m_changeSerial->value();
 }
 
 bool SedGUI::replaceRanges(const QVariantList &ranges)
@@ -40,6 +48,12 @@ bool SedGUI::replaceRanges(const QVariantList &ranges)
     if (ranges.isEmpty())
         return true;
     // From the last range to the first, so the earlier offsets stay valid.
+    // The component reports no change on the way: each report reaches several
+    // listeners (ChangeRelay, the completer, the bracket marker), a hundred
+    // thousand times over in a large replace. It is told once at the end, as
+    // replace all does.
+    const qint64 eventMask = send(m_editor, Sci::SCI_GETMODEVENTMASK);
+    send(m_editor, Sci::SCI_SETMODEVENTMASK, 0);
     send(m_editor, Sci::SCI_BEGINUNDOACTION);
     for (auto it = ranges.crbegin(); it != ranges.crend(); ++it) {
         const QVariantList parts = it->toList();
@@ -49,6 +63,8 @@ bool SedGUI::replaceRanges(const QVariantList &ranges)
                                 text.constData());
     }
     send(m_editor, Sci::SCI_ENDUNDOACTION);
+    send(m_editor, Sci::SCI_SETMODEVENTMASK, eventMask);
+    TextSearcher::announceChange(m_editor);
     return true;
 }
 
