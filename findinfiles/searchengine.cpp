@@ -25,6 +25,8 @@ constexpr auto BatchAge = std::chrono::milliseconds(40);
 // Time one turn of the event loop spends handing batches on.
 constexpr qint64 DeliverySliceMs = 4;
 constexpr int ProgressIntervalMs = 100;
+// Batches waiting for the GUI from which only one scanner goes on.
+constexpr size_t GuiBehind = 4;
 
 } // namespace
 
@@ -71,6 +73,7 @@ struct SearchEngine::Run
     bool walkerWaiting = false;
     int scannersIdle = 0;
     int scannersHeld = 0;
+    int scanning = 0;       // scanners in the middle of a file
     std::deque<Slot> files; // the window, from the oldest file not yet released
     size_t claimed = 0;     // files taken by a scanner
     size_t heldChunks = 0;  // chunks in the slots, over all files
@@ -245,13 +248,19 @@ void SearchEngine::scanFiles(const std::shared_ptr<Run> &run)
             std::unique_lock lock(run->mutex);
             ++run->scannersIdle;
             run->scannerWork.wait(lock, [&] {
-                return run->claimed < run->files.size() || run->walkDone || run->cancel.load();
+                // While the GUI is behind with the hits, a second scanner
+                // would only take the processor the pane needs.
+                const bool mayTake = run->claimed < run->files.size() &&
+                                     (run->scanning == 0 || run->batches.size() < GuiBehind);
+                const bool noMore = run->walkDone && run->claimed >= run->files.size();
+                return mayTake || noMore || run->cancel.load();
             });
             --run->scannersIdle;
             if (run->cancel || run->claimed >= run->files.size())
                 return;
             // Slots are only popped once done, so the element stays where it is.
             slot = &run->files[run->claimed++];
+            ++run->scanning;
         }
 
         // Decoded at the first hit: most files have none.
@@ -309,6 +318,7 @@ void SearchEngine::scanFiles(const std::shared_ptr<Run> &run)
         slot->notFormatted = notFormatted;
         slot->result = result;
         slot->done = true;
+        --run->scanning;
         release(run);
         if (result == FileScanner::Result::Cancelled)
             return;
@@ -406,6 +416,12 @@ void SearchEngine::release(const std::shared_ptr<Run> &run)
         r.walkerRoom.notify_one();
     if (r.scannersHeld > 0 && r.heldChunks < heldBefore)
         r.heldFewer.notify_all();
+    // A scanner that left the files to the other one while the GUI was
+    // behind takes one again, or ends with the last file.
+    if (r.scannersIdle > 0) {
+        if (r.claimed < r.files.size() ? r.batches.size() < GuiBehind : r.walkDone)
+            r.scannerWork.notify_all();
+    }
     if (r.walkDone && r.files.empty() && r.pending.count == 0)
         r.allReleased.notify_one();
 }

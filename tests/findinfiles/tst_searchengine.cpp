@@ -445,6 +445,39 @@ private slots:
         QCOMPARE(collected.lines.last(), c + QStringLiteral("(1):needle"));
         QCOMPARE(collected.summaries.first().hits, secondHits + 2);
     }
+    // The GUI takes no hits until the last file is read: the hits pile up for
+    // it, the scanners leave the files to one of them, and the search must
+    // still end with every hit.
+    void searchEndsWhileTheGuiIsBehind()
+    {
+        QTemporaryDir dir;
+        constexpr int Files = 20;
+        constexpr int HitsPerFile = 2 * SearchEngine::BatchHits;
+        for (int i = 0; i < Files; ++i)
+            writeFile(dir.filePath(QStringLiteral("f%1.txt").arg(i, 2, 10, QLatin1Char('0'))),
+                      QByteArray("needle\n").repeated(HitsPerFile));
+        const QByteArray last =
+            QFile::encodeName(dir.filePath(QStringLiteral("f%1.txt").arg(Files - 1)));
+        std::mutex mutex;
+        std::condition_variable lastRead;
+        bool lastWasRead = false;
+        SearchEngine engine;
+        engine.setScannerHooks(FileScanner::ReadBytes, [&](const QByteArray &path, qint64) {
+            std::lock_guard lock(mutex);
+            lastWasRead = lastWasRead || path == last;
+            lastRead.notify_all();
+        });
+        Collected collected;
+        collect(engine, collected);
+        engine.start(optionsFor(dir.path()));
+        {
+            std::unique_lock lock(mutex);
+            QVERIFY(lastRead.wait_for(lock, std::chrono::seconds(20), [&] { return lastWasRead; }));
+        }
+        QTRY_COMPARE_WITH_TIMEOUT(collected.summaries.size(), 1, 20000);
+        QCOMPARE(collected.lines.size(), Files * HitsPerFile);
+        QCOMPARE(collected.summaries.first().hits, Files * HitsPerFile);
+    }
     // A path longer than the system takes cannot be opened, not even by root: a file and a
     // folder whose paths just pass that length are unreadable entries of the tree.
     void unreadableEntriesAreSkippedAndCounted()
