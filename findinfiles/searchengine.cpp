@@ -76,7 +76,7 @@ struct SearchEngine::Run
     int scanning = 0;       // scanners in the middle of a file
     std::deque<Slot> files; // the window, from the oldest file not yet released
     size_t claimed = 0;     // files taken by a scanner
-    size_t heldChunks = 0;  // chunks in the slots, over all files
+    qint64 heldHits = 0;    // hit lines in the slots, over all files
     bool walkDone = false;
     Batch pending; // released hits gathered into a batch
     std::chrono::steady_clock::time_point pendingStarted;
@@ -270,15 +270,14 @@ void SearchEngine::scanFiles(const std::shared_ptr<Run> &run)
         qint64 notFormatted = 0;
         auto handOver = [&]() {
             std::unique_lock lock(run->mutex);
+            run->heldHits += batch.count;
             slot->chunks.push_back(std::move(batch));
-            ++run->heldChunks;
             batch = Run::Batch();
             release(run);
             // The file being released goes on while the GUI takes batches;
             // a later one waits once too much is held back behind it.
             auto mayGoOn = [&] {
-                return slot->chunks.empty() || run->heldChunks < MaxHeldChunks ||
-                       run->cancel.load();
+                return slot->chunks.empty() || run->heldHits < MaxHeldHits || run->cancel.load();
             };
             if (!mayGoOn()) {
                 ++run->scannersHeld;
@@ -308,10 +307,10 @@ void SearchEngine::scanFiles(const std::shared_ptr<Run> &run)
         if (file.isNull() &&
             (result == FileScanner::Result::Changed || result == FileScanner::Result::Deleted))
             file = koru::sedgui::FileNameEscape::fromBytes(slot->path);
-        std::lock_guard lock(run->mutex);
+        std::unique_lock lock(run->mutex);
         if (batch.count > 0) {
+            run->heldHits += batch.count;
             slot->chunks.push_back(std::move(batch));
-            ++run->heldChunks;
         }
         slot->file = file;
         slot->hits = hits;
@@ -322,6 +321,14 @@ void SearchEngine::scanFiles(const std::shared_ptr<Run> &run)
         release(run);
         if (result == FileScanner::Result::Cancelled)
             return;
+        // Files with a few hits each hold them too: the next file waits
+        // until they are released. The slot may be gone by now.
+        auto fewer = [&] { return run->heldHits < MaxHeldHits || run->cancel.load(); };
+        if (!fewer()) {
+            ++run->scannersHeld;
+            run->heldFewer.wait(lock, fewer);
+            --run->scannersHeld;
+        }
     }
 }
 
@@ -338,13 +345,13 @@ void SearchEngine::release(const std::shared_ptr<Run> &run)
         r.pending = Run::Batch();
         post(run);
     };
-    const size_t heldBefore = r.heldChunks;
+    const qint64 heldBefore = r.heldHits;
     while (!r.files.empty() && r.batches.size() < MaxPendingBatches) {
         Run::Slot &slot = r.files.front();
         if (!slot.chunks.empty()) {
             Run::Batch chunk = std::move(slot.chunks.front());
             slot.chunks.pop_front();
-            --r.heldChunks;
+            r.heldHits -= chunk.count;
             const qint64 room = std::max<qint64>(r.options.maxHitLines - r.shown, 0);
             if (chunk.count > room) {
                 // Beyond the limit: counted, not shown.
@@ -414,7 +421,7 @@ void SearchEngine::release(const std::shared_ptr<Run> &run)
 
     if (r.walkerWaiting && r.files.size() <= MaxSlots - MaxSlots / 4)
         r.walkerRoom.notify_one();
-    if (r.scannersHeld > 0 && r.heldChunks < heldBefore)
+    if (r.scannersHeld > 0 && r.heldHits < heldBefore)
         r.heldFewer.notify_all();
     // A scanner that left the files to the other one while the GUI was
     // behind takes one again, or ends with the last file.

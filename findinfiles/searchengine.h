@@ -41,8 +41,8 @@ public:
     static constexpr int BatchHits = 250;
     static constexpr size_t MaxPendingBatches = 256;
     static constexpr size_t MaxSlots = 8192;
-    // Batches of hits scanned but not yet released, over all files.
-    static constexpr size_t MaxHeldChunks = 64;
+    // Hit lines scanned but not yet released, over all files.
+    static constexpr qint64 MaxHeldHits = 64 * BatchHits;
 
     explicit SearchEngine(QObject *parent = nullptr);
     ~SearchEngine() override;

@@ -407,7 +407,7 @@ private slots:
         QTest::addColumn<int>("firstWaitsMs");
         QTest::newRow("one hit each") << 1 << 5000;
         QTest::newRow("second file over the held bound")
-            << int(SearchEngine::MaxHeldChunks + 2) * SearchEngine::BatchHits << 500;
+            << int(SearchEngine::MaxHeldHits) + 2 * SearchEngine::BatchHits << 500;
     }
     void hitsComeInWalkOrder()
     {
