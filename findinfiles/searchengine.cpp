@@ -16,6 +16,8 @@
 #include <condition_variable>
 #include <deque>
 #include <mutex>
+#include <sys/resource.h>
+#include <unistd.h>
 #include <vector>
 
 namespace {
@@ -25,8 +27,17 @@ constexpr auto BatchAge = std::chrono::milliseconds(40);
 // Time one turn of the event loop spends handing batches on.
 constexpr qint64 DeliverySliceMs = 4;
 constexpr int ProgressIntervalMs = 100;
+// How much nicer than the editor the search threads are: when they and the
+// window want the processors at once, the window goes first.
+constexpr int SearchNiceness = 2;
+
+void yieldToTheWindow()
+{
+    const int now = getpriority(PRIO_PROCESS, 0);
+    setpriority(PRIO_PROCESS, gettid(), std::min(now + SearchNiceness, 19));
+}
 // Batches waiting for the GUI from which only one scanner goes on.
-constexpr size_t GuiBehind = 4;
+constexpr size_t GuiBehind = 16;
 
 } // namespace
 
@@ -181,6 +192,7 @@ int SearchEngine::scanThreads()
 
 void SearchEngine::runSearch(const std::shared_ptr<Run> &run)
 {
+    yieldToTheWindow();
     const TextMatcher matcher(run->options);
     if (!matcher.isValid()) {
         std::lock_guard lock(run->mutex);
@@ -236,6 +248,7 @@ void SearchEngine::runSearch(const std::shared_ptr<Run> &run)
 // One scanner thread: takes the next file of the window until the walk is done.
 void SearchEngine::scanFiles(const std::shared_ptr<Run> &run)
 {
+    yieldToTheWindow();
     const TextMatcher matcher(run->options);
     FileScanner scanner(matcher);
     scanner.setReadSize(run->readSize);
